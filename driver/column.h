@@ -1,0 +1,83 @@
+// Tables of columns: what a record holds and how its column headers name it. One table writes the
+// headers, sizes the record and tells the readers how to fill it.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "TKSplDrv/types.h"
+
+enum class Type : char {
+  kFloat = 'f',     // 4 bytes
+  kDouble = 'd',    // 8 bytes
+  kInt32 = 'L',     // 4 bytes
+  kInt16 = 'S',     // 2 bytes
+  kByte = 'B',      // 1 byte
+  kDateTime = 't',  // a TAVDT, 7 bytes
+  kChars = 'c',     // characters, as many as the column is wide
+};
+
+enum class Role : char {
+  kKey = 'I',          // the date and time of the row
+  kValue = 'd',        // everything else
+  kAccumulated = 'i',  // a value gathered over the interval of the row
+};
+
+// The width of a type that has only one; 0 for characters.
+constexpr std::uint8_t WidthOf(Type type) {
+  switch (type) {
+    case Type::kFloat:
+    case Type::kInt32:
+      return 4;
+    case Type::kDouble:
+      return 8;
+    case Type::kInt16:
+      return 2;
+    case Type::kByte:
+      return 1;
+    case Type::kDateTime:
+      return sizeof(TAVDT);
+    case Type::kChars:
+      break;
+  }
+  return 0;
+}
+
+// A unit that stands in the table, or one that the instrument's settings choose.
+struct Unit {
+  // How many units the settings of an instrument can choose at most.
+  static constexpr int kChoices = 8;
+
+  const char* text;  // null: the chosen unit number choice
+  std::uint8_t choice = 0;
+
+  consteval Unit(const char* fixed) : text(fixed) {}  // NOLINT: a text is a unit
+  static consteval Unit Chosen(std::uint8_t choice) {
+    Unit unit(nullptr);
+    unit.choice = choice;
+    return unit;
+  }
+};
+
+// The units that the settings chose; null: the settings name none, and a layout stops there.
+using ChosenUnits = std::array<const char*, Unit::kChoices>;
+
+struct Column {
+  const char* name;
+  Type type;
+  Unit unit;
+  Role role = Role::kValue;
+  const char* caption = nullptr;  // null: the name again
+  const char* group = nullptr;    // null: "default"
+  std::uint8_t width = WidthOf(type);
+};
+
+using Columns = std::span<const Column>;
+
+constexpr std::size_t RecordSize(Columns columns) {
+  std::size_t size = 0;
+  for (const Column& column : columns) size += column.width;
+  return size;
+}

@@ -1,0 +1,157 @@
+// Construction, set-up and thread control of the driver base.
+#include <cstring>
+
+#include "TKSplDrv/driver.h"
+#include "platform/platform.h"
+
+namespace {
+
+constexpr unsigned kThreadStarted = 300;
+
+int GroupIndex(char letter) {
+  for (int i = 0; i < kReadGroupCount; ++i) {
+    if (kReadGroupLetters[i] == letter) return i;
+  }
+  return -1;
+}
+
+}  // namespace
+
+TavDrvV1::TavDrvV1(void* hostStream, void* hostPort)
+    : stream(static_cast<HostStream*>(hostStream)),
+      port(static_cast<HostPort*>(hostPort)),
+      prStep(0),
+      thread(nullptr),
+      threadId(0),
+      dateFrom(),
+      dateTo(),
+      unusedFlag(0),
+      groupFlag(),
+      numberN(0),
+      numberE(0),
+      numberK(0),
+      baud(0),
+      typeText(),
+      numberText(),
+      sectionText(),
+      versionText(),
+      param{1},
+      param16(0),
+      progress(0),
+      stopRequest(1),
+      idle(1),
+      prLock(),
+      stopLock() {
+  platform::InitializeLock(prLock);
+  platform::InitializeLock(stopLock);
+}
+
+TavDrvV1::~TavDrvV1() {
+  Kill();
+  platform::DeleteLock(prLock);
+  platform::DeleteLock(stopLock);
+}
+
+void* TavDrvV1::Destroy(unsigned flags) {
+  void* const address = this;
+  TavDrvV1::~TavDrvV1();
+  if ((flags & 1) != 0) ::operator delete(address);
+  return address;
+}
+
+unsigned TavDrvV1::SetupNumer(char which, int value) {
+  switch (which) {
+    case 'N':
+      numberN = value;
+      return 1;
+    case 'E':
+      numberE = value;
+      return 1;
+    case 'K':
+      numberK = value;
+      return 1;
+    default:
+      return 0;
+  }
+}
+
+unsigned TavDrvV1::SetupReadGroup(char letter, bool on) {
+  const int index = GroupIndex(letter);
+  if (index < 0) return 0;
+  groupFlag[index] = on ? 1 : 0;
+  return 1;
+}
+
+unsigned TavDrvV1::SetupDateTime(SYSTEMTIME from, SYSTEMTIME to) {
+  dateFrom = from;
+  dateTo = to;
+  return 1;
+}
+
+unsigned TavDrvV1::SetupBaud(int value) {
+  baud = value;
+  return 1;
+}
+
+unsigned TavDrvV1::SetupParametr(char index, int /*size*/, void* value) {
+  if (value == nullptr) return 0;
+  if (index >= 1 && index <= 9) {
+    std::memcpy(&param[index - 1], value, sizeof param[0]);
+    return 1;
+  }
+  if (index == 16) {
+    std::memcpy(&param16, value, sizeof param16);
+    return 1;
+  }
+  return 0;
+}
+
+unsigned TavDrvV1::Start(TavThreadRoutine routine) {
+  {
+    const platform::LockGuard guard(stopLock);
+    // Never armed again once a thread was started: one object serves one reading.
+    if (idle == 0) return 0;
+    stopRequest = 0;
+    idle = 0;
+  }
+  SetPr(0);
+  const platform::Thread started = platform::CreateThread(routine, this);
+  thread = started.handle;
+  threadId = started.id;
+  if (started.handle != nullptr) return kThreadStarted;
+
+  const platform::LockGuard guard(stopLock);
+  stopRequest = 1;
+  idle = 1;
+  return 0;
+}
+
+unsigned TavDrvV1::Stop() {
+  const platform::LockGuard guard(stopLock);
+  stopRequest = 1;
+  return 1;
+}
+
+unsigned TavDrvV1::IsStop() {
+  platform::TerminationPoint();
+  const platform::LockGuard guard(stopLock);
+  return stopRequest != 0 ? 1 : 0;
+}
+
+unsigned TavDrvV1::Close() {
+  const bool stopped = IsStop() != 0;
+  const platform::LockGuard guard(stopLock);
+  return stopped && idle != 0 ? 1 : 0;
+}
+
+unsigned TavDrvV1::Kill() {
+  {
+    const platform::LockGuard guard(stopLock);
+    if (idle != 0) return 1;
+  }
+  // Also when the thread has long ended: its handle is never closed.
+  unsigned long exitCode = 0;
+  platform::GetThreadExitCode(thread, exitCode);
+  platform::TerminateThread(thread, exitCode);
+  return 1;
+}
