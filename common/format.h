@@ -1,8 +1,10 @@
 // Texts of a bounded length, put together without allocating.
 #pragma once
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
+#include <cstring>
 
 namespace common {
 
@@ -29,7 +31,9 @@ Format(const char* format, ...) {
 // Copies text into a field of the host object, cut to fit, always zero-terminated.
 template <std::size_t N>
 void SetText(char (&field)[N], const char* text) {
-  std::snprintf(field, N, "%s", text);
+  const std::size_t length = std::min(std::strlen(text), N - 1);
+  std::memcpy(field, text, length);
+  field[length] = '\0';
 }
 
 }  // namespace common

@@ -1,12 +1,17 @@
 #include <cstdio>
+#include <cstring>
 
 #include "TKSplDrv/conversions.h"
+#include "common/format.h"
 #include "common/scan.h"
 
 unsigned SysTimeToCharS(char* buffer, const SYSTEMTIME* time) {
   // Never more than the 13 bytes that a caller has to provide, whatever the fields hold.
-  std::snprintf(buffer, 13, "%02d%02d%02d%02d%02d%02d", time->wDay, time->wMonth,
-                time->wYear % 100, time->wHour, time->wMinute, time->wSecond);
+  constexpr std::size_t kDigits = 12;
+  const auto text = common::Format("%02d%02d%02d%02d%02d%02d", time->wDay, time->wMonth,
+                                   time->wYear % 100, time->wHour, time->wMinute, time->wSecond);
+  std::memcpy(buffer, text.characters, kDigits);
+  buffer[kDigits] = '\0';
   return 1;
 }
 

@@ -5,8 +5,7 @@
 
 namespace platform {
 
-// --- Locks: a critical section in the storage that the driver object gives it
-// ---------------------
+// --- Locks: a critical section in the storage that the driver object gives it ---
 
 void InitializeLock(TavLock& lock);
 void DeleteLock(TavLock& lock);
@@ -24,7 +23,7 @@ class LockGuard {
   TavLock& lock_;
 };
 
-// --- Threads ------------------------------------------------------------------------------------
+// --- Threads ---
 
 struct Thread {
   void* handle;  // null: the thread could not be created
@@ -46,14 +45,12 @@ void TerminateThread(void* handle, unsigned long code);
 // the host's is ever unwound. Nothing on Windows.
 void TerminationPoint();
 
-// --- Memory: zero-filled blocks of the local heap
-// -------------------------------------------------
+// --- Memory: zero-filled blocks of the local heap ---
 
 void* AllocateZeroed(unsigned size);
 void FreeBlock(void* block);
 
-// --- Clock: what tests replace
-// --------------------------------------------------------------------
+// --- Clock: what tests replace ---
 
 void Sleep(unsigned milliseconds);
 SYSTEMTIME GetLocalTime();

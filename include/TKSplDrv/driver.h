@@ -46,7 +46,7 @@ class TAV_API TavDrvV1 {
   TavDrvV1(const TavDrvV1&) = delete;
   TavDrvV1& operator=(const TavDrvV1&) = delete;
 
-  // --- The 13 slots, in the order of the host's table -------------------------------------------
+  // --- The 13 slots, in the order of the host's table ---
 
   // 0. kind 1: older protocol, 2: K7. language: the platform's primary language identifier, 9
   // English, 25 Russian; any other empties the text. Answers the number of kinds, 2.
@@ -81,7 +81,7 @@ class TAV_API TavDrvV1 {
   // answers the object's address.
   virtual void* Destroy(unsigned flags);
 
-  // --- Thread control, exported, not in the table -----------------------------------------------
+  // --- Thread control, exported, not in the table ---
 
   // Starts the reading thread with this routine, once per object: 300, or 0.
   unsigned Start(TavThreadRoutine routine);
@@ -94,7 +94,7 @@ class TAV_API TavDrvV1 {
   // The reading's final report: progress 101 or negative, and the message. Clears a stop request.
   unsigned ReadStop(bool ok);
 
-  // --- Progress ---------------------------------------------------------------------------------
+  // --- Progress ---
 
   void SetPr(int value);
   // Adds units times prStep; what reaches 100 becomes 99.
@@ -102,7 +102,7 @@ class TAV_API TavDrvV1 {
   // Marks a failed reading: a positive progress is negated, 0 becomes -1.
   void InertPr();
 
-  // --- Messages ---------------------------------------------------------------------------------
+  // --- Messages ---
 
   // 1 when the host accepted the message, else 2.
   unsigned MessageTav(void* unused, const char* text1, const char* text2, unsigned code);
@@ -110,7 +110,7 @@ class TAV_API TavDrvV1 {
   unsigned MessageDT(unsigned short year, unsigned short month, unsigned short day,
                      unsigned short hour);
 
-  // --- Output records; each answers 1, or 0 at the first write that the host refuses ------------
+  // --- Output records; each answers 1, or 0 at the first write that the host refuses ---
 
   unsigned WriteDataRec(const void* data, unsigned long length);
   // A length byte and the characters; of a text of 256 or more only length modulo 256.
@@ -123,7 +123,7 @@ class TAV_API TavDrvV1 {
   // Passes data to the port and answers the number of bytes written.
   unsigned WritePort(int unused, const char* data, int length);
 
-  // --- Fields, in the host's order --------------------------------------------------------------
+  // --- Fields, in the host's order ---
 
   HostStream* stream;
   HostPort* port;

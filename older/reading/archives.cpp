@@ -1,0 +1,65 @@
+// The archive sections: one loop for hours, days and months.
+#include "TKSplDrv/conversions.h"
+#include "older/reading/period.h"
+#include "older/reading/reading.h"
+#include "older/reads/archive.h"
+
+namespace older {
+namespace {
+
+// Writes the records of the period's dates; date ends at the first one that was not asked for.
+// False when the reading was stopped or the host refused a write.
+bool ReadRecords(TKSplImpl& reader, const ReadPart& part, const Period& period, SYSTEMTIME& date) {
+  const ArchiveRecord& archive = part.model.archives[static_cast<int>(period.kind)].record;
+  std::array<std::uint8_t, kLargestArchiveRecord> buffer{};
+  const auto record = std::span(buffer).first(RecordSize(archive.columns));
+  while (period.Includes(date, reader.host.dateTo)) {
+    period.cut(date);
+    if (ReadArchiveRecord(reader, archive, period.function, date, part.model.tellsArchives, record)
+            .done) {
+      WriteRow(reader, record);
+      if (reader.out.Refused()) return false;
+    }
+    period.step(&date);
+    if (Stopped(reader)) {
+      reader.out.EndMarker();
+      return false;
+    }
+    reader.host.IncPr(1);
+  }
+  return true;
+}
+
+bool ReadArchiveSection(TKSplImpl& reader, const ReadPart& part, const Period& period) {
+  const ArchiveSection& section = part.model.archives[static_cast<int>(period.kind)];
+  if (Stopped(reader)) return false;
+  TellStart(reader, part, part.model.start, section.startName);
+  SYSTEMTIME date = reader.host.dateFrom;
+  reader.out.Title(period.title, part.name, reader.InstrumentClock);
+  WriteArchiveLayout(reader, part, section.record);
+  if (reader.out.Refused() || !ReadRecords(reader, part, period, date)) return false;
+  reader.progress.NextDate[static_cast<int>(period.kind)][part.system] = date;
+  reader.out.EndMarker();
+  return !reader.out.Refused();
+}
+
+// The hours are read for the upper-case letter alone, though they are planned for both: intended.
+bool HoursWanted(const TKSplImpl& reader) {
+  static_assert(kReadGroupLetters[0] == 'H');
+  return reader.host.groupFlag[0] != 0;
+}
+
+}  // namespace
+
+void WriteArchiveLayout(TKSplImpl& reader, const ReadPart& part, const ArchiveRecord& archive) {
+  reader.out.Layout(archive.columns, part.model.units(reader, part.system),
+                    ColumnCount::kAnnounced);
+}
+
+bool ReadArchiveSections(TKSplImpl& reader, const ReadPart& part) {
+  if (Wanted(reader, 'M') && !ReadArchiveSection(reader, part, kMonths)) return false;
+  if (Wanted(reader, 'S') && !ReadArchiveSection(reader, part, kDays)) return false;
+  return !HoursWanted(reader) || ReadArchiveSection(reader, part, kHours);
+}
+
+}  // namespace older

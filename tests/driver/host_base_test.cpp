@@ -1,0 +1,179 @@
+#include <doctest/doctest.h>
+
+#include <cstring>
+
+#include "common/cp1251.h"
+#include "driver/record_stream.h"
+#include "driver/tkspl_drv.h"
+#include "tests/support/fake_clock.h"
+#include "tests/support/fake_port.h"
+#include "tests/support/recording_stream.h"
+
+using namespace common::literals;
+using support::Bytes;
+using support::Hex;
+using support::operator+;
+
+namespace {
+
+struct Fixture {
+  support::RecordingStream stream;
+  support::FakePort port;
+  TKSplDrv driver{static_cast<HostStream*>(&stream), static_cast<HostPort*>(&port)};
+};
+
+Bytes Text(const char* text) {
+  const auto* bytes = reinterpret_cast<const std::uint8_t*>(text);
+  return {bytes, bytes + std::strlen(text)};
+}
+
+}  // namespace
+
+TEST_CASE("the host's questions") {
+  Fixture f;
+  char text[30];
+  struct Name {
+    int kind, language;
+    const char* text;
+  };
+  for (const Name& name :
+       {Name{1, 9, "Irvela 52x/72x"}, Name{1, 25, "Ирвела 52x/72x"_w}, Name{2, 9, "Irvela K7"},
+        Name{2, 25, "Ирвела K7"_w}, Name{1, 7, ""}, Name{5, 9, "as it was"}}) {
+    std::strcpy(text, "as it was");
+    CHECK(f.driver.GetName(name.kind, text, name.language) == 2);
+    CHECK(std::string(text) == name.text);
+  }
+
+  struct Baud {
+    int kind, index, baud;
+    unsigned count;
+  };
+  for (const Baud& b : {Baud{1, 3, 2400, 1}, Baud{2, 1, 2400, 4}, Baud{2, 4, 19200, 4},
+                        Baud{2, 5, 2400, 4}, Baud{2, 0, 2400, 4}, Baud{3, 1, -7, 0}}) {
+    int baud = -7;
+    CHECK(f.driver.GetBaud(b.kind, b.index, &baud) == b.count);
+    CHECK(baud == b.baud);
+  }
+
+  for (const char letter : std::string("BEHMSTbehmst")) {
+    CHECK(f.driver.CanReadGroup(1, letter) == 1);
+    CHECK(f.driver.CanReadGroup(2, letter) == 1);
+    CHECK(f.driver.CanReadGroup(3, letter) == 0);
+  }
+  for (const char letter : std::string("PpJjAxX") + '\0')
+    CHECK(f.driver.CanReadGroup(1, letter) == 0);
+
+  int limit = 0;
+  CHECK(f.driver.GetNumberLimit(9, 'N', &limit) == 1);
+  CHECK(limit == 255);
+  CHECK(f.driver.GetNumberLimit(1, 'n', &limit) == 0);
+}
+
+TEST_CASE("set-up takes what it knows and refuses the rest") {
+  Fixture f;
+  CHECK(f.driver.SetupNumer('N', 5) == 1);
+  CHECK(f.driver.SetupNumer('n', 6) == 0);
+  CHECK(f.driver.numberN == 5);
+
+  for (int i = 0; i < kReadGroupCount; ++i) {
+    CHECK(f.driver.SetupReadGroup(kReadGroupLetters[i], true) == 1);
+    CHECK(f.driver.groupFlag[i] == 1);
+  }
+  CHECK(f.driver.SetupReadGroup('A', true) == 0);
+  CHECK(f.driver.SetupReadGroup('\0', true) == 0);
+
+  CHECK(f.driver.param[0] == 1);
+  int value = 42;
+  for (int index = -1; index <= 20; ++index) {
+    const bool known = (index >= 1 && index <= 9) || index == 16;
+    CHECK(f.driver.SetupParametr(static_cast<char>(index), 0, &value) == (known ? 1U : 0U));
+  }
+  CHECK(f.driver.param[8] == 42);
+  CHECK(f.driver.param16 == 42);
+  CHECK(f.driver.SetupParametr(1, 4, nullptr) == 0);
+}
+
+TEST_CASE("progress and its end") {
+  Fixture f;
+  f.driver.prStep = 12.5F;
+  f.driver.SetPr(0);
+  f.driver.IncPr(3);
+  CHECK(f.driver.GetPr() == 37);
+  f.driver.IncPr(5);
+  CHECK(f.driver.GetPr() == 99);  // exactly 100 becomes 99
+  f.driver.ReadStop(true);
+  CHECK(f.driver.GetPr() == 101);
+
+  struct Failure {
+    float before, after;
+  };
+  for (const Failure& c : {Failure{0, -1}, Failure{37.5F, -37.5F}, Failure{-37.5F, -37.5F}}) {
+    f.driver.progress = c.before;
+    f.driver.Stop();
+    CHECK(f.driver.ReadStop(false) == 1);
+    CHECK(f.driver.progress == c.after);
+    CHECK(f.driver.IsStop() == 0);
+  }
+  CHECK(f.stream.messages.front() == "OK / ReadStop");
+  CHECK(f.stream.messages.back() == "Error / ReadStop");
+}
+
+TEST_CASE("records go out piece by piece") {
+  Fixture f;
+  CHECK(f.driver.WriteTavRec("") == 1);
+  CHECK(f.stream.writes == std::vector<Bytes>{{0}, {}});
+
+  f.stream.writes.clear();
+  CHECK(f.driver.WriteShapkaRec("V1", 'd', 8, "м3"_w, 'i', nullptr, nullptr) == 1);
+  CHECK(f.stream.Stream() == Hex("02 56 31 64 08 02 EC 33 69 02 56 31 07") + Text("default"));
+  CHECK(f.stream.writes.size() == 11);
+
+  f.stream.writes.clear();
+  const TAVDT time{2016, 9, 4, 13, 5, 9};
+  CHECK(f.driver.WriteTavTitle('H', "T", "V1", "77", "", &time) == 1);
+  CHECK(f.stream.Stream() == Hex("48 01 54 02 56 31 02 37 37 00 E0 07 09 04 0D 05 09"));
+
+  f.stream.writes.clear();
+  const std::string tooLong(258, 'x');
+  CHECK(f.driver.WriteTavRec(tooLong.c_str()) == 1);
+  CHECK(f.stream.Stream() == Hex("02 78 78"));
+
+  CHECK(f.driver.MessageDT(2016, 3, 5, 7) == 1);
+  CHECK(f.stream.messages.back() == "05.03.2016:07 / Date:hour");
+}
+
+TEST_CASE("a refused piece ends its record, and the stream stays silent after it") {
+  for (int refused = 0; refused < 11; ++refused) {
+    Fixture f;
+    f.stream.refuseWriteAt = refused;
+    CHECK(f.driver.WriteShapkaRec("V1", 'd', 8, "u", 'i', nullptr, nullptr) == 0);
+    CHECK(f.stream.writeCalls == refused + 1);
+  }
+
+  Fixture f;
+  RecordStream out(f.driver);
+  f.stream.refuseWriteAt = 1;
+  out.RowMarker();
+  CHECK_FALSE(out.Refused());
+  out.RowMarker();
+  CHECK(out.Refused());
+  f.stream.refuseWriteAt = -1;
+  out.EndMarker();
+  out.Title(TitleKind::kDaily, "", {});
+  CHECK(f.stream.writeCalls == 2);
+}
+
+TEST_CASE("the port is set up in order, and the first refusal ends it") {
+  const std::vector<std::string> all = {"SetBuffers 1024 1024", "SetLine 1 0 2400 8 2 0",
+                                        "SetTimeouts 5000 0 5000 100 1000", "Control 5"};
+  for (std::size_t refused = 0; refused < all.size(); ++refused) {
+    Fixture f;
+    f.driver.SetupBaud(2400);
+    f.port.refuse = all[refused];
+    CHECK(f.driver.Start(3) == 0);
+    CHECK(f.port.setUp == std::vector<std::string>(
+                              all.begin(), all.begin() + 1 + static_cast<std::ptrdiff_t>(refused)));
+    CHECK(f.driver.idle == 1);
+    CHECK(f.stream.messages.empty());
+  }
+}

@@ -1,0 +1,101 @@
+// The reading thread from the host's side: started once, ended in any of the host's ways.
+#include <doctest/doctest.h>
+
+#include <atomic>
+#include <chrono>
+#include <future>
+#include <thread>
+
+#include "driver/tkspl_drv.h"
+#include "platform/platform.h"
+#include "tests/support/fake_clock.h"
+#include "tests/support/fake_port.h"
+#include "tests/support/recording_stream.h"
+
+namespace {
+
+struct Host {
+  Host() {
+    support::clock::Reset();
+    stream.onMessage = [this](const std::string& line) {
+      if (line == "2016.09.04:13.05.09 / Opros End") ended.set_value();
+    };
+    port.onRead = [this] { reading = true; };
+    driver = LInit(static_cast<HostStream*>(&stream), static_cast<HostPort*>(&port));
+  }
+
+  support::RecordingStream stream;
+  support::FakePort port;
+  std::promise<void> ended;
+  std::atomic<bool> reading = false;
+  TavDrvV1* driver = nullptr;
+};
+
+// A reading that goes on until it is ended: the clock read of double reading is never accepted.
+void StartEndless(Host& host) {
+  int attempts = 1'000'000'000;
+  host.driver->SetupParametr(1, 4, &attempts);
+  REQUIRE(host.driver->Start(1) == 1);
+  while (!host.reading) std::this_thread::yield();
+}
+
+}  // namespace
+
+TEST_CASE("a mode that no protocol serves announces its start and end and reads nothing") {
+  Host host;
+  CHECK(host.driver->Close() == 1);
+  REQUIRE(host.driver->Start(3) == 1);
+  host.ended.get_future().wait();
+  CHECK(host.stream.messages == std::vector<std::string>{"2016.09.04:13.05.09 / Start Opros",
+                                                         "2016.09.04:13.05.09 / Opros End"});
+  CHECK(host.driver->GetPr() == 0);
+  CHECK(host.driver->Start(3) == 0);  // one reading an object
+  CHECK(host.driver->Stop() == 1);
+  CHECK(host.driver->Close() == 0);
+  CHECK(host.driver->Kill() == 1);  // harmless after the end
+  CHECK(host.driver->Destroy(1) == host.driver);
+}
+
+TEST_CASE("a running reading is ended by Kill and by the destructor") {
+  for (const bool kill : {true, false}) {
+    Host host;
+    StartEndless(host);
+    if (kill) CHECK(host.driver->Kill() == 1);
+    CHECK(host.driver->Destroy(0) == host.driver);
+    const int reads = host.port.reads;  // no thread touches the port any more
+    std::this_thread::yield();
+    CHECK(host.port.reads == reads);
+    ::operator delete(host.driver);
+  }
+}
+
+TEST_CASE("a stop ends even a billion attempts") {
+  Host host;
+  StartEndless(host);
+  auto ended = host.ended.get_future();
+  while (ended.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready) {
+    host.driver->Stop();
+  }
+  CHECK(host.stream.Said("Error / ReadStop"));
+  CHECK(host.driver->GetPr() == -1);
+  host.driver->Destroy(1);
+}
+
+TEST_CASE("LFree releases a finished reading") {
+  Host host;
+  REQUIRE(host.driver->Start(3) == 1);
+  host.ended.get_future().wait();
+  host.driver->Kill();
+  CHECK(LFree(host.driver) == 1);
+  CHECK(LFree(nullptr) == 1);
+}
+
+TEST_CASE("a driver without a port or a stream refuses to start") {
+  support::FakePort port;
+  TavDrvV1* driver = LInit(nullptr, nullptr);
+  CHECK(driver->Start(1) == 0);
+  CHECK(driver->MessageTav(nullptr, "a", "b", 0) == 2);
+  CHECK(driver->WriteTavRec("a") == 0);
+  CHECK(driver->WritePort(0, "a", 1) == 0);
+  driver->Destroy(1);
+}
