@@ -10,7 +10,13 @@ Thread CreateThread(TavThreadRoutine routine, void* argument) {
 
 void GetThreadExitCode(void* handle, unsigned long& code) { ::GetExitCodeThread(handle, &code); }
 
-void TerminateThread(void* handle, unsigned long code) { ::TerminateThread(handle, code); }
+void TerminateThread(void* handle, unsigned long code) {
+  // A thread on its last steps is let take them: ended in the middle of them it would leave the
+  // loader's lock taken, and the host would hang at its next thread.
+  constexpr DWORD kLastSteps = 500;  // ms
+  ::WaitForSingleObject(handle, kLastSteps);
+  ::TerminateThread(handle, code);
+}
 
 void TerminationPoint() {}
 
