@@ -198,7 +198,7 @@ class OlderInstrument : public Instrument {
     if (!time) return Refuse(kBadParameter, "P1 to P4 are no date of such an archive record");
     const Moment stamp = ToMoment(*time);
     // Nothing is wrong with asking for a record that isn't there.
-    if (!Values::Exists(kind, stamp, ToMoment(now_()))) return Refuse(model_.noRecordCode, {});
+    if (!Values::Exists(stamp, ToMoment(now_()))) return Refuse(model_.noRecordCode, {});
     return {{memory_->Record(kind, system_, stamp)}, 0, {}};
   }
 

@@ -67,7 +67,7 @@ struct Model {
   bool lacksM3 = false;  // an archive record without the third mass
 };
 
-extern const Model kModel521;
+extern const Model kModel521, kModel522, kModel523, kModel521x, kModel721;
 
 std::span<const Model* const> AllModels();
 // Throws std::invalid_argument with the names that there are.

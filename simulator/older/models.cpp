@@ -6,7 +6,7 @@
 namespace simulator::older {
 namespace {
 
-constexpr const Model* kModels[] = {&kModel521};
+constexpr const Model* kModels[] = {&kModel521, &kModel521x, &kModel522, &kModel523, &kModel721};
 
 }  // namespace
 

@@ -95,7 +95,7 @@ std::uint8_t Values::Version() const {
   return static_cast<std::uint8_t>(settings_.special.version.value_or(model_.version));
 }
 
-bool Values::Exists(Archive, Moment stamp, Moment now) {
+bool Values::Exists(Moment stamp, Moment now) {
   const Moment oldest = ToMoment({ToClockTime(now).year - 3, 1, 1, 0, 0, 0});
   return stamp >= oldest && stamp <= now;
 }

@@ -45,7 +45,7 @@ class Values {
   // An archive record carries the time at which it was closed: the hourly record of 13:00 holds
   // the hour from 12:00 on, the daily record of the 4th the 3rd, the monthly one of September
   // August. A record exists once it is closed, and as long as three whole years are kept.
-  static bool Exists(Archive kind, Moment stamp, Moment now);
+  static bool Exists(Moment stamp, Moment now);
   // The stamp is a full hour, a midnight, or the midnight that begins a month. The row is what a
   // host makes of the record: a model 521 hourly record without what its mode code leaves out.
   Row ArchiveRow(Archive kind, int system, Moment stamp) const;
