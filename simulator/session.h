@@ -36,6 +36,7 @@ class Session {
 
   void Listen() {
     stream_.async_read_some(asio::buffer(input_), [this](std::error_code error, std::size_t count) {
+      if (error == asio::error::operation_aborted) return Listen();  // the guard came late
       if (error) return ended_();
       Take(count);
     });
