@@ -23,6 +23,18 @@ struct ClockTime {
   int year = 2016, month = 9, day = 4, hour = 13, minute = 5, second = 9;
 };
 
+// What makes a simulated instrument an unusual one. The defaults are an ordinary instrument.
+struct Special {
+  std::optional<int> version;   // firmware version byte, 0 to 255; none: the model's own
+  std::optional<int> modeCode;  // mode code SP, 0 to 255; none: 0
+  int unitsCode = 0;            // EI of the models that have one: 0 to 2, others are unknown ones
+  int idleSystem = 0;           // heat system with mode code 'c' (99): not worth reading
+  int silentSystem = 0;  // heat system that can't be opened: its identification gets no reply
+  int logEntries = 40;   // entries in each log, 0 to 100; 100 leaves no end mark
+  std::string brokenParameter;     // database column whose text is no number and no date
+  std::optional<int> failingPage;  // flash page that an error reply without its end answers
+};
+
 struct Settings {
   std::string model = "521";  // one of Models()
   int number = 1;             // network number, 0 to 255
@@ -30,6 +42,7 @@ struct Settings {
   int lineSpeed = 0;          // bit/s, bytes paced as 11 bits each; 0: as fast as it goes
   std::vector<Fault> faults;
   std::optional<ClockTime> clock;  // a clock that stands still; none: the local time
+  Special special;
   // Told what was wrong with a request, one sentence each, from the serving thread.
   std::function<void(const std::string&)> report;
 };
