@@ -49,6 +49,10 @@ int FakePort::Read(unsigned timeoutMs, unsigned count, void* destination) {
   const auto end = received.begin() + static_cast<std::ptrdiff_t>(taken);
   std::copy(received.begin(), end, static_cast<std::uint8_t*>(destination));
   received.erase(received.begin(), end);
+  if (taken < count && !later.empty()) {
+    received = later.front();
+    later.pop_front();
+  }
   return static_cast<int>(taken);
 }
 

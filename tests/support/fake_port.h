@@ -2,6 +2,7 @@
 // what it gives back is there to be read.
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <string>
 #include <vector>
@@ -31,6 +32,7 @@ class FakePort final : public HostPort {
   std::string refuse;              // a set-up call that fails: "SetLine", "Control 5", ...
   std::vector<Bytes> writes;       // one for each Write
   Bytes received;                  // what is left to be read
+  std::deque<Bytes> later;         // each arrives once a read has waited in vain
   int shortWrites = 0;             // this many writes answer one byte too few
   int reads = 0;
   std::vector<std::string> readArguments;  // "500 ms, 3", in order
