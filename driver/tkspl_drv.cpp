@@ -40,7 +40,8 @@ const char* NameOf(bool older, int language) {
 
 unsigned TKSplDrv::GetName(int kind, char* text, int language) {
   if (IsKind(kind) && text != nullptr) {
-    std::strcpy(text, NameOf(kind == static_cast<int>(Protocol::kOlder), language));
+    const char* name = NameOf(kind == static_cast<int>(Protocol::kOlder), language);
+    std::memcpy(text, name, std::strlen(name) + 1);
   }
   return kKinds;
 }
