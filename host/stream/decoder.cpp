@@ -3,6 +3,7 @@
 #include <array>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 #include "host/stream/code_page.h"
 
@@ -71,23 +72,34 @@ void Decoder::Take(ByteView piece) {
   }
 }
 
+void Decoder::StartRecord(State state, std::span<const std::size_t> fields, ByteView first) {
+  state_ = state;
+  record_ = RecordReader(fields);
+  recordPieces_.clear();
+  TakeRecordPiece(first);
+}
+
 void Decoder::TakeRecordPiece(ByteView piece) {
-  const bool title = state_ == State::kTitle;
+  recordPieces_.emplace_back(piece.begin(), piece.end());
   const RecordReader::Progress progress = record_.Take(piece);
   if (progress == RecordReader::Progress::kMore) return;
-  if (progress == RecordReader::Progress::kBroken) {
-    // The record was left unfinished; the piece belongs to what comes next.
-    ++ignored_;
-    state_ = title ? State::kOutside : State::kColumns;
-    return Take(piece);
-  }
-  if (title) {
+  if (progress == RecordReader::Progress::kBroken) return GiveUpRecord();
+  if (state_ == State::kTitle) {
     section_ = {TitleOf(record_.Values()), {}, {}};
     begun_ = false;
   } else {
     section_.columns.push_back(ColumnOf(record_.Values()));
   }
   state_ = State::kColumns;
+}
+
+// The first piece did not begin a record after all, or the record was left unfinished: the pieces
+// after it are looked at anew.
+void Decoder::GiveUpRecord() {
+  ++ignored_;
+  state_ = state_ == State::kTitle ? State::kOutside : State::kColumns;
+  const std::vector<Bytes> pieces = std::move(recordPieces_);
+  for (std::size_t i = 1; i < pieces.size(); ++i) Take(pieces[i]);
 }
 
 bool Decoder::TakeMarkerOrTitle(ByteView piece) {
@@ -98,9 +110,7 @@ bool Decoder::TakeMarkerOrTitle(ByteView piece) {
     EndSection();
   } else if (IsTitleKind(piece[0])) {
     EndSection();
-    record_ = RecordReader(kTitleFields);
-    record_.Take(piece);
-    state_ = State::kTitle;
+    StartRecord(State::kTitle, kTitleFields, piece);
   } else {
     return false;
   }
@@ -117,9 +127,7 @@ void Decoder::TakeOutside(ByteView piece) {
 void Decoder::TakeAmongColumns(ByteView piece) {
   if (TakeMarkerOrTitle(piece) || piece.empty()) return;
   if (piece.size() == 1) {
-    record_ = RecordReader(kHeaderFields);
-    record_.Take(piece);
-    state_ = State::kHeader;
+    StartRecord(State::kHeader, kHeaderFields, piece);
   } else if (piece.size() == 2 && section_.columns.empty() && !section_.announced) {
     section_.announced = piece[0] + 256U * piece[1];
   } else {

@@ -57,6 +57,8 @@ class Decoder {
   enum class State { kOutside, kTitle, kColumns, kHeader, kRow };
 
   void TakeRecordPiece(ByteView piece);
+  void StartRecord(State state, std::span<const std::size_t> fields, ByteView first);
+  void GiveUpRecord();
   void TakeOutside(ByteView piece);
   void TakeAmongColumns(ByteView piece);
   void TakeAmongRows(ByteView piece);
@@ -69,6 +71,7 @@ class Decoder {
   SectionListener& listener_;
   State state_ = State::kOutside;
   RecordReader record_{{}};
+  std::vector<Bytes> recordPieces_;
   Section section_;
   bool begun_ = false;  // the listener knows the section
   bool rowOpen_ = false;
