@@ -1,0 +1,17 @@
+// What each command does. They answer the exit code and throw std::exception with one sentence when
+// they fail.
+#pragma once
+
+#include "host/cli/command_line.h"
+
+namespace host {
+
+int Read(const ReadOptions& options);
+int Decode(const DecodeOptions& options);
+int Simulate(const SimulateOptions& options);
+int ListModels();
+
+// The whole program but for its arguments. Never throws.
+int RunProgram(const std::vector<std::string>& arguments);
+
+}  // namespace host

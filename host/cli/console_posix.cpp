@@ -1,0 +1,39 @@
+#include <unistd.h>
+
+#include <atomic>
+#include <csignal>
+#include <cstdlib>
+
+#include "host/cli/console.h"
+#include "host/cli/exit_codes.h"
+
+namespace host {
+namespace {
+
+std::atomic<int> interrupts = 0;
+static_assert(std::atomic<int>::is_always_lock_free);
+
+void OnSignal(int) {
+  if (interrupts.fetch_add(1) > 0) std::_Exit(kInterrupted);
+}
+
+}  // namespace
+
+void SetUpConsole() {}
+
+std::vector<std::string> Arguments(int argc, char** argv) { return {argv + 1, argv + argc}; }
+
+bool ErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
+
+void CountInterrupts() {
+  struct sigaction action = {};
+  action.sa_handler = OnSignal;
+  action.sa_flags = SA_RESTART;
+  sigemptyset(&action.sa_mask);
+  sigaction(SIGINT, &action, nullptr);
+  sigaction(SIGTERM, &action, nullptr);
+}
+
+bool Interrupted() { return interrupts > 0; }
+
+}  // namespace host

@@ -1,0 +1,63 @@
+#include <fcntl.h>
+#include <io.h>
+// clang-format off
+#include <windows.h>
+#include <shellapi.h>
+// clang-format on
+
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+
+#include "host/cli/console.h"
+#include "host/cli/exit_codes.h"
+
+namespace host {
+namespace {
+
+std::atomic<int> interrupts = 0;
+
+BOOL WINAPI OnControl(DWORD) {
+  if (interrupts.fetch_add(1) > 0) std::_Exit(kInterrupted);
+  return TRUE;
+}
+
+std::string Utf8Of(const wchar_t* text) {
+  const int size = WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
+  if (size <= 1) return {};
+  std::string utf8(static_cast<std::size_t>(size), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, text, -1, utf8.data(), size, nullptr, nullptr);
+  utf8.pop_back();  // the terminator
+  return utf8;
+}
+
+}  // namespace
+
+void SetUpConsole() {
+  SetConsoleOutputCP(CP_UTF8);
+  _setmode(_fileno(stdout), _O_BINARY);
+  DWORD mode = 0;
+  HANDLE error = GetStdHandle(STD_ERROR_HANDLE);
+  if (GetConsoleMode(error, &mode) != 0) {
+    SetConsoleMode(error, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+  }
+}
+
+// The C library's own arguments are in the system's code page, which lacks most letters.
+std::vector<std::string> Arguments(int argc, char** argv) {
+  int count = 0;
+  wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
+  if (wide == nullptr) return {argv + 1, argv + argc};
+  std::vector<std::string> arguments;
+  for (int i = 1; i < count; ++i) arguments.push_back(Utf8Of(wide[i]));
+  LocalFree(wide);
+  return arguments;
+}
+
+bool ErrorIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
+
+void CountInterrupts() { SetConsoleCtrlHandler(OnControl, TRUE); }
+
+bool Interrupted() { return interrupts > 0; }
+
+}  // namespace host

@@ -1,0 +1,43 @@
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <exception>
+
+#include "host/cli/commands.h"
+#include "host/cli/exit_codes.h"
+
+namespace host {
+namespace {
+
+int Run(const CommandLine& line) {
+  switch (line.command) {
+    case Command::kRead:
+      return Read(line.read);
+    case Command::kDecode:
+      return Decode(line.decode);
+    case Command::kSimulate:
+      return Simulate(line.simulate);
+    case Command::kModels:
+      return ListModels();
+    case Command::kNone:
+      break;
+  }
+  fmt::print(line.exitCode == kRead ? stdout : stderr, "{}", line.message);
+  return line.exitCode;
+}
+
+}  // namespace
+
+int RunProgram(const std::vector<std::string>& arguments) {
+  try {
+    return Run(ParseCommandLine(arguments));
+  } catch (const UsageError& error) {
+    fmt::print(stderr, "irvela: {}\n", error.what());
+    return kWrongUsage;
+  } catch (const std::exception& error) {
+    fmt::print(stderr, "irvela: {}\n", error.what());
+    return kFailed;
+  }
+}
+
+}  // namespace host

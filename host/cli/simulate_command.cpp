@@ -1,0 +1,26 @@
+#include <fmt/format.h>
+
+#include <chrono>
+#include <cstdio>
+#include <thread>
+
+#include "host/cli/commands.h"
+#include "host/cli/console.h"
+#include "host/cli/exit_codes.h"
+
+namespace host {
+
+int Simulate(const SimulateOptions& options) {
+  simulator::Settings settings = options.settings;
+  settings.report = [](const std::string& text) { fmt::print(stderr, "{}\n", text); };
+  CountInterrupts();
+  const auto served = options.tcp ? simulator::ServeTcp(settings, options.port)
+                                  : simulator::ServePty(settings, options.pty);
+  fmt::print("model {} number {} answers at {}\n", settings.model, settings.number,
+             served->Address());
+  std::fflush(stdout);
+  while (!Interrupted()) std::this_thread::sleep_for(std::chrono::milliseconds(100));
+  return kRead;
+}
+
+}  // namespace host

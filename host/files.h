@@ -1,0 +1,16 @@
+// Paths and file errors. Texts are UTF-8 on every system.
+#pragma once
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+namespace host {
+
+std::filesystem::path PathOf(const std::string& utf8);
+std::string PathText(const std::filesystem::path& path);
+
+// "cannot write x.csv: No space left on device", with the reason that the last call left.
+std::runtime_error FileError(const char* action, const std::filesystem::path& path);
+
+}  // namespace host

@@ -1,0 +1,162 @@
+// Reading and writing with time limits over any of Asio's byte streams.
+//
+// The operations run on the thread that calls them, one at a time: each starts an asynchronous
+// operation and a timer and lets the first of the two end the other.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <asio.hpp>
+#include <chrono>
+#include <cstring>
+#include <string>
+#include <thread>
+#include <utility>
+
+#include "host/line/line_port.h"
+
+namespace host {
+
+template <class Stream>
+class AsioPort : public LinePort {
+ public:
+  bool Control(int code) final;
+  bool SetTimeouts(unsigned readInterval, unsigned readPerByte, unsigned readConstant,
+                   unsigned writePerByte, unsigned writeConstant) final;
+  bool SetBuffers(int /*input*/, int /*output*/) final { return true; }
+  int Read(unsigned timeoutMs, unsigned count, void* destination) final;
+  int Write(const void* data, unsigned length) final;
+
+ protected:
+  // name: what messages call the line.
+  explicit AsioPort(std::string name) : name_(std::move(name)) {}
+
+  const std::string& Name() const { return name_; }
+  asio::io_context& Context() { return context_; }
+  Stream& Line() { return stream_; }
+
+  struct Outcome {
+    asio::error_code error;  // operation_aborted: the time was over
+    std::size_t count = 0;
+  };
+  // start is called with the handler of an operation on Line().
+  template <class Start>
+  Outcome Within(std::chrono::milliseconds limit, Start start);
+
+ private:
+  static constexpr int kOpened = 5;
+  static constexpr int kDropReceived = 3;
+  static constexpr std::chrono::milliseconds kLostPause{20};
+  static constexpr std::size_t kChunk = 4096;
+
+  using Clock = std::chrono::steady_clock;
+
+  // False when nothing came before the deadline.
+  bool Receive(Clock::time_point deadline);
+  std::size_t Received() const { return end_ - begin_; }
+  void DropReceived();
+
+  std::string name_;
+  asio::io_context context_;
+  Stream stream_{context_};
+  asio::steady_timer timer_{context_};
+  unsigned writePerByte_ = 100;    // ms
+  unsigned writeConstant_ = 1000;  // ms
+  // Received and not yet asked for: buffer_[begin_] to buffer_[end_ - 1].
+  std::string buffer_;
+  std::size_t begin_ = 0;
+  std::size_t end_ = 0;
+};
+
+template <class Stream>
+template <class Start>
+typename AsioPort<Stream>::Outcome AsioPort<Stream>::Within(std::chrono::milliseconds limit,
+                                                            Start start) {
+  Outcome outcome;
+  context_.restart();
+  timer_.expires_after(limit);
+  start([&](const asio::error_code& error, std::size_t count) {
+    outcome = {error, count};
+    timer_.cancel();
+  });
+  timer_.async_wait([&](const asio::error_code& error) {
+    asio::error_code ignored;
+    if (!error) stream_.cancel(ignored);
+  });
+  context_.run();
+  return outcome;
+}
+
+template <class Stream>
+bool AsioPort<Stream>::Receive(Clock::time_point deadline) {
+  if (begin_ == end_) begin_ = end_ = 0;
+  buffer_.resize(end_ + kChunk);
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
+  const Outcome outcome = Within(std::max(left, std::chrono::milliseconds(0)), [&](auto handler) {
+    stream_.async_read_some(asio::buffer(buffer_.data() + end_, kChunk), handler);
+  });
+  end_ += outcome.count;
+  if (outcome.error && outcome.error != asio::error::operation_aborted) {
+    Lose(name_ + ": " +
+         (outcome.error == asio::error::eof ? "the other end closed the connection"
+                                            : outcome.error.message()));
+  }
+  return outcome.count > 0;
+}
+
+template <class Stream>
+void AsioPort<Stream>::DropReceived() {
+  // The second limit keeps a line that never falls silent from holding the driver here.
+  const auto latest = Clock::now() + std::chrono::milliseconds(100);
+  do {
+    begin_ = end_ = 0;
+  } while (!Lost() && Clock::now() < latest && Receive(Clock::now()));
+  begin_ = end_ = 0;
+}
+
+template <class Stream>
+bool AsioPort<Stream>::Control(int code) {
+  if (code == kDropReceived || code == kOpened) DropReceived();
+  return !Lost();
+}
+
+template <class Stream>
+bool AsioPort<Stream>::SetTimeouts(unsigned /*readInterval*/, unsigned /*readPerByte*/,
+                                   unsigned /*readConstant*/, unsigned writePerByte,
+                                   unsigned writeConstant) {
+  writePerByte_ = writePerByte;
+  writeConstant_ = writeConstant;
+  return true;
+}
+
+template <class Stream>
+int AsioPort<Stream>::Read(unsigned timeoutMs, unsigned count, void* destination) {
+  // A wait that takes nothing: the driver makes it after waking the instrument, pauses by itself
+  // afterwards and drops what came in before its request, so there is nothing to wait for.
+  if (count == 0) return 0;
+  const auto deadline = Clock::now() + std::chrono::milliseconds(timeoutMs);
+  while (Received() < count && !Lost() && Receive(deadline)) {
+  }
+  const std::size_t taken = std::min<std::size_t>(count, Received());
+  if (taken > 0) std::memcpy(destination, buffer_.data() + begin_, taken);
+  begin_ += taken;
+  if (taken == 0 && Lost()) {
+    std::this_thread::sleep_for(std::min(std::chrono::milliseconds(timeoutMs), kLostPause));
+  }
+  return static_cast<int>(taken);
+}
+
+template <class Stream>
+int AsioPort<Stream>::Write(const void* data, unsigned length) {
+  if (Lost()) return 0;
+  const std::chrono::milliseconds limit(writeConstant_ + std::uint64_t{writePerByte_} * length);
+  const Outcome outcome = Within(limit, [&](auto handler) {
+    asio::async_write(stream_, asio::buffer(data, length), handler);
+  });
+  if (outcome.error && outcome.error != asio::error::operation_aborted) {
+    Lose(name_ + ": " + outcome.error.message());
+  }
+  return static_cast<int>(outcome.count);
+}
+
+}  // namespace host

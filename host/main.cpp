@@ -1,0 +1,7 @@
+#include "host/cli/commands.h"
+#include "host/cli/console.h"
+
+int main(int argc, char** argv) {
+  host::SetUpConsole();
+  return host::RunProgram(host::Arguments(argc, argv));
+}

@@ -1,0 +1,69 @@
+#include "host/output/csv.h"
+
+#include "host/stream/cell.h"
+
+namespace host {
+namespace {
+
+void Separate(std::string& out, bool& first) {
+  if (!first) out += ',';
+  first = false;
+}
+
+}  // namespace
+
+void AppendCsvField(std::string& out, const std::string& text) {
+  if (text.find_first_of(",\"\r\n") == std::string::npos) {
+    out += text;
+    return;
+  }
+  out += '"';
+  for (const char character : text) {
+    if (character == '"') out += '"';
+    out += character;
+  }
+  out += '"';
+}
+
+std::string ColumnHeading(const Column& column) {
+  std::string heading = column.name;
+  if (!column.caption.empty() && column.caption != column.name) {
+    heading += " (" + column.caption + ")";
+  }
+  if (!column.unit.empty() && column.unit != column.name) heading += ", " + column.unit;
+  return heading;
+}
+
+bool RowsTakeTitleTime(const Section& section) { return section.title.kind == 'O'; }
+
+void AppendCsvHeader(std::string& out, const Section& section) {
+  bool first = true;
+  if (RowsTakeTitleTime(section)) {
+    Separate(out, first);
+    out += "clock";
+  }
+  for (const Column& column : section.columns) {
+    Separate(out, first);
+    AppendCsvField(out, ColumnHeading(column));
+  }
+  if (HasUndescribedColumns(section)) {
+    Separate(out, first);
+    out += "undescribed bytes";
+  }
+  out += '\n';
+}
+
+void AppendCsvRow(std::string& out, const Section& section, ByteView row) {
+  bool first = true;
+  if (RowsTakeTitleTime(section)) {
+    Separate(out, first);
+    out += DateText(section.title.time);
+  }
+  for (const Cell& cell : DecodeRow(section, row)) {
+    Separate(out, first);
+    AppendCsvField(out, CellText(cell));
+  }
+  out += '\n';
+}
+
+}  // namespace host

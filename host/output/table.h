@@ -1,0 +1,25 @@
+// Sections for people: one row of many values as a list, several rows as an aligned table.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "host/stream/section.h"
+
+namespace host {
+
+// "hours ТВ1: УРМ523 V3, number 12345, clock 2016-09-04 13:05:09".
+std::string SectionHeading(const Section& section);
+
+// At most maxRows rows, the first and the last ones, with the number of those left out; 0 means
+// all.
+std::string FormatTable(const KeptSection& kept, std::size_t maxRows);
+
+// Characters on the screen of a UTF-8 text.
+std::size_t DisplayWidth(const std::string& utf8);
+
+// Blanks are added on the right, or on the left.
+std::string PadRight(const std::string& text, std::size_t width);
+std::string PadLeft(const std::string& text, std::size_t width);
+
+}  // namespace host

@@ -1,0 +1,130 @@
+#include "host/cli/command_line.h"
+
+#include <doctest/doctest.h>
+
+#include "host/cli/dates.h"
+#include "host/cli/exit_codes.h"
+
+using host::Command;
+using host::CommandLine;
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+std::string TextOf(const SYSTEMTIME& time) {
+  return std::to_string(time.wYear) + '-' + std::to_string(time.wMonth) + '-' +
+         std::to_string(time.wDay) + ' ' + std::to_string(time.wHour) + ':' +
+         std::to_string(time.wMinute) + ':' + std::to_string(time.wSecond);
+}
+
+}  // namespace
+
+TEST_CASE("wrong usage is told in one line") {
+  const Words cases[] = {
+      {},
+      {"write"},
+      {"read"},
+      {"read", "--port", "a", "--tcp", "b:1"},
+      {"read", "--port", "a", "--number", "256"},
+      {"read", "--port", "a", "--number", "one"},
+      {"read", "--port", "a", "--kind", "new"},
+      {"read", "--port", "a", "--attempts", "0"},
+      {"read", "--port", "a", "--format", "xml"},
+      {"read", "--port", "a", "--from", "2015-02-29"},
+      {"read", "--port", "a", "--from", "2016-09-04", "--to", "2016-09-03"},
+      {"read", "--port", "a", "--rows", "5", "--all"},
+      {"read", "--port", "a", "--kind", "k7", "--follow"},
+      {"read", "--port", "a", "--clock", "2016-09-04"},
+      {"read", "--tcp", "gateway"},
+      {"read", "--tcp", "gateway:70000"},
+      {"read", "--simulate", "no such model"},
+      {"read", "--simulate", "521", "--fault", "no such fault"},
+      {"decode"},
+      {"simulate", "521"},
+      {"simulate", "521", "--pty", "a", "--tcp", "1"},
+  };
+  for (const Words& words : cases) {
+    CAPTURE(words.size());
+    CAPTURE(words.empty() ? "" : words.back());
+    const CommandLine line = host::ParseCommandLine(words);
+    CHECK(line.command == Command::kNone);
+    CHECK(line.exitCode == host::kWrongUsage);
+    CHECK(line.message.starts_with("irvela: "));
+    CHECK(line.message.find('\n') == line.message.size() - 1);
+  }
+}
+
+TEST_CASE("help and version are no errors") {
+  for (const Words& words : {Words{"--help"}, {"read", "--help"}, {"--version"}}) {
+    const CommandLine line = host::ParseCommandLine(words);
+    CHECK(line.command == Command::kNone);
+    CHECK(line.exitCode == host::kRead);
+    CHECK(!line.message.empty());
+  }
+}
+
+TEST_CASE("a reading is set up from its options") {
+  const CommandLine line =
+      host::ParseCommandLine({"read",       "--port", "COM3",       "--number", "5",
+                              "--kind",     "k7",     "--baud",     "9600",     "--groups",
+                              "TH",         "--from", "2016-09-01", "--to",     "2016-09-04T13:30",
+                              "--attempts", "7",      "--pause",    "250",      "--double-read",
+                              "--format",   "json",   "--all"});
+  REQUIRE(line.command == Command::kRead);
+  const host::ReadSettings& settings = line.read.settings;
+  CHECK(line.read.port == "COM3");
+  CHECK(settings.number == 5);
+  CHECK(settings.kind == host::Kind::kK7);
+  CHECK(settings.baud == 9600);
+  CHECK(settings.groups == "TH");
+  CHECK(TextOf(settings.from) == "2016-9-1 0:0:0");
+  CHECK(TextOf(settings.to) == "2016-9-4 13:30:0");
+  CHECK(settings.attempts == 7);
+  CHECK(settings.pause == 250);
+  CHECK(settings.doubleRead);
+  CHECK(!settings.validity);
+  CHECK(line.read.display.format == host::Format::kJson);
+  CHECK(line.read.display.rows == 0);
+}
+
+TEST_CASE("a simulated clock sets the period") {
+  const std::string fault = std::string(simulator::Faults().front().name) + ":3";
+  const CommandLine line =
+      host::ParseCommandLine({"read", "--simulate", "521", "--number", "9", "--clock",
+                              "2016-03-01 13:05:09", "--fault", fault});
+  REQUIRE(line.command == Command::kRead);
+  CHECK(TextOf(line.read.settings.from) == "2016-2-27 0:0:0");
+  CHECK(TextOf(line.read.settings.to) == "2016-3-1 13:5:9");
+  CHECK(line.read.settings.kind == host::Kind::kOlder);
+  CHECK(line.read.simulated.number == 9);
+  CHECK(line.read.simulated.clock->minute == 5);
+  CHECK(line.read.simulated.faults.front().every == 3);
+}
+
+TEST_CASE("dates") {
+  struct Case {
+    const char* text;
+    host::Bound bound;
+    const char* date;  // null: refused
+  };
+  const Case cases[] = {
+      {"2016-09-04", host::Bound::kFrom, "2016-9-4 0:0:0"},
+      {"2016-09-04", host::Bound::kTo, "2016-9-4 23:59:59"},
+      {"2016-02-29T13:05:09", host::Bound::kTo, "2016-2-29 13:5:9"},
+      {"2016-09-04 13", host::Bound::kTo, "2016-9-4 13:0:0"},
+      {"2015-02-29", host::Bound::kFrom, nullptr},
+      {"2016-09-04 24:00", host::Bound::kFrom, nullptr},
+      {"2016-09-04 13:00:00:00", host::Bound::kFrom, nullptr},
+      {"2016-9-4", host::Bound::kFrom, nullptr},
+      {"2016-09-0x", host::Bound::kFrom, nullptr},
+      {"2016-09-04T", host::Bound::kFrom, nullptr},
+      {"0000-01-01", host::Bound::kFrom, nullptr},
+      {"", host::Bound::kFrom, nullptr},
+  };
+  for (const Case& item : cases) {
+    CAPTURE(item.text);
+    const auto date = host::ParseDate(item.text, item.bound);
+    CHECK((date ? TextOf(*date) : "none") == (item.date == nullptr ? "none" : item.date));
+  }
+}
