@@ -88,9 +88,7 @@ TAVDT DtUrmToTav(const char* text) {
   for (int i = 0; i < 6; ++i) {
     if (!scanner.Integer(fields[i]) || (i < 5 && !scanner.Separator())) break;
   }
-  // A four-digit year is not recognised: intended. A negative one counts as large.
-  const unsigned year = fields[2] >= 95 ? fields[2] + 1900 : fields[2] + 2000;
-  return {static_cast<unsigned short>(year),
+  return {common::FullYear(fields[2]),
           Byte(fields[1]),
           Byte(fields[0]),
           Byte(fields[3]),

@@ -23,6 +23,12 @@ class Scanner {
 // The decimal number at the start of text, 0 when there is none.
 std::uint32_t ScanUnsigned(const char* text);
 
+// The year that an instrument's two digits mean. Others, four digits too, are added to the same
+// centuries: intended.
+constexpr std::uint16_t FullYear(std::uint32_t year) {
+  return static_cast<std::uint16_t>(year >= 95 ? year + 1900 : year + 2000);
+}
+
 // The floating-point number at the start of text; the decimal sign is always the point. False
 // leaves value as it is.
 bool ScanDouble(const char* text, double& value);

@@ -5,7 +5,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <span>
+#include <utility>
 
 #include "TKSplDrv/types.h"
 
@@ -80,4 +82,21 @@ constexpr std::size_t RecordSize(Columns columns) {
   std::size_t size = 0;
   for (const Column& column : columns) size += column.width;
   return size;
+}
+
+// One table of N columns out of several; another number of columns does not compile.
+template <std::size_t N>
+consteval std::array<Column, N> Join(std::initializer_list<Columns> parts) {
+  std::size_t count = 0;
+  for (const Columns& part : parts) count += part.size();
+  if (count != N) throw "the parts have another number of columns";
+  const auto at = [parts](std::size_t index) {
+    const Columns* part = parts.begin();
+    for (; index >= part->size(); ++part) index -= part->size();
+    return (*part)[index];
+  };
+  return [&]<std::size_t... I>(std::index_sequence<I...>) {
+    return std::array<Column, N>{at(I)...};
+  }
+  (std::make_index_sequence<N>());
 }

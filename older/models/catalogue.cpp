@@ -10,7 +10,7 @@ namespace {
 
 using namespace common::literals;
 
-constexpr const Model* kModels[] = {&kModel521};
+constexpr const Model* kModels[] = {&kModel521, &kModel522, &kModel523, &kModel721, &kModel521x};
 
 // Through 64 bits to 32: -1 becomes 4294967295, and what has no integer is 0.
 std::uint32_t Truncate(float value) {
@@ -49,6 +49,10 @@ ChosenUnits UnitsByCode(const TKSplImpl& reader, int system) {
   const std::uint8_t code = reader.UnitsCode[system];
   if (code >= std::size(kPressureUnits)) return {};
   return {kPressureUnits[code], kHeatUnits[code]};
+}
+
+void KeepUnitsCode(TKSplImpl& reader, std::span<const std::uint8_t> database) {
+  reader.UnitsCode[0] = reader.UnitsCode[1] = database[0];
 }
 
 std::size_t OffsetOf(Columns columns, const char* name) {

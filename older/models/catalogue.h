@@ -6,5 +6,9 @@
 namespace older {
 
 extern const Model kModel521;
+extern const Model kModel521x;
+extern const Model kModel522;
+extern const Model kModel523;
+extern const Model kModel721;
 
 }  // namespace older

@@ -30,8 +30,8 @@ struct Block {
   bool reopensSession = false;      // between two attempts
 };
 
-inline constexpr std::size_t kLargestDatabase = 322;
-inline constexpr std::size_t kLargestOperative = 92;
+inline constexpr std::size_t kLargestDatabase = 322;  // bytes of a record
+inline constexpr std::size_t kLargestOperative = 92;  // bytes of all blocks
 
 // First text of a section's start message; null: "Start Read " and the name of the part being read,
 // "ОВ" for the instrument, "ТВ1" and "ТВ2" for its heat systems.
@@ -73,8 +73,9 @@ struct ArchiveSection {
 
 // --- Change and situation logs ---
 
+// Flash byte addresses by heat system.
 struct LogAddresses {
-  std::uint16_t changes[2];  // flash byte address by heat system
+  std::uint16_t changes[2];
   std::uint16_t situations[2];
 };
 
@@ -109,6 +110,25 @@ struct Model {
   ChosenUnits (*units)(const TKSplImpl& reader, int system);
 };
 
+constexpr std::size_t RecordSize(const OperativeSection& section) {
+  std::size_t size = 0;
+  for (const Block& block : section.blocks) size += RecordSize(block.columns);
+  return size;
+}
+
+// Whether every record of a model fits the readers' buffers, and its blocks make up their layout.
+constexpr bool FitsTheReader(const Model& model) {
+  for (const ArchiveSection& section : model.archives) {
+    if (RecordSize(section.record.columns) > kLargestArchiveRecord) return false;
+    if (section.record.replySize > kLargestArchiveReply) return false;
+  }
+  const bool systemFits = model.systemDatabase == nullptr ||
+                          RecordSize(model.systemDatabase->block.columns) <= kLargestDatabase;
+  return systemFits && RecordSize(model.database.block.columns) <= kLargestDatabase &&
+         RecordSize(model.operative) <= kLargestOperative &&
+         RecordSize(model.operative) == RecordSize(model.operative.layout);
+}
+
 // The model of a type code; null for a 521 of unknown firmware.
 const Model* FindModel(TypeCode type);
 
@@ -116,6 +136,9 @@ const Model* FindModel(TypeCode type);
 inline constexpr std::uint8_t kPressure = 0;
 inline constexpr std::uint8_t kHeat = 1;
 ChosenUnits UnitsByCode(const TKSplImpl& reader, int system);
+// Sets UnitsCode from the first byte of the instrument's database, EI; that of heat system 2 stays
+// as it is: intended.
+void KeepUnitsCode(TKSplImpl& reader, std::span<const std::uint8_t> database);
 
 // The number that a column of a record holds: floats are truncated, texts parsed.
 std::uint32_t NumberIn(Columns columns, std::span<const std::uint8_t> record, const char* name);

@@ -2,23 +2,17 @@
 // stand where the mode code says.
 #include <cstring>
 
-#include "common/cp1251.h"
 #include "older/models/catalogue.h"
-#include "older/models/model.h"
+#include "older/models/columns.h"
 #include "older/reads/archive.h"
 
 namespace older {
 namespace {
 
-using namespace common::literals;
-
 // --- Layouts ---
 
-constexpr Unit kPressureUnit = Unit::Chosen(kPressure);
-constexpr Unit kHeatUnit = Unit::Chosen(kHeat);
-
 constexpr Column kHourLayout521[] = {
-    {"DT", Type::kDateTime, "Дата:время"_w, Role::kKey},
+    kDateColumn,
     {"SP", Type::kByte, "Код Реж"_w},
     {"t1", Type::kFloat, "'C"},
     {"t2", Type::kFloat, "'C"},
@@ -35,7 +29,7 @@ static_assert(std::size(kHourLayout521) == 12 && RecordSize(kHourLayout521) == 4
 
 // Days and months alike.
 constexpr Column kDayLayout521[] = {
-    {"DT", Type::kDateTime, "Дата:время"_w, Role::kKey},
+    kDateColumn,
     {"SP", Type::kByte, "Код Реж"_w},
     {"t1", Type::kFloat, "'C"},
     {"t2", Type::kFloat, "'C"},
@@ -275,5 +269,6 @@ constexpr Model kModel521 = {
     .keepSettings = nullptr,
     .units = Units521,
 };
+static_assert(FitsTheReader(kModel521));
 
 }  // namespace older

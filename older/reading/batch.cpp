@@ -61,7 +61,8 @@ bool OpenInstrument(TKSplImpl& reader, const Model& model, std::span<std::uint8_
 }
 
 bool ReadSections(TKSplImpl& reader, const ReadPart& part) {
-  return ReadOperativeSection(reader, part) && ReadArchiveSections(reader, part);
+  return ReadOperativeSection(reader, part) && ReadArchiveSections(reader, part) &&
+         ReadLogSections(reader, part);
 }
 
 // A heat system that is switched off is left out, here and in the continuous reading.

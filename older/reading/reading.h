@@ -56,5 +56,6 @@ bool ReadDatabaseSection(TKSplImpl& reader, const ReadPart& part, const Database
                          std::span<const std::uint8_t> record);
 bool ReadOperativeSection(TKSplImpl& reader, const ReadPart& part);
 bool ReadArchiveSections(TKSplImpl& reader, const ReadPart& part);
+bool ReadLogSections(TKSplImpl& reader, const ReadPart& part);
 
 }  // namespace older

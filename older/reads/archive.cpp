@@ -56,6 +56,28 @@ ReadResult ReadArchiveRecord(TKSplImpl& reader, const ArchiveRecord& archive, Fu
   return result;
 }
 
+void ConvertByColumns(Columns columns, std::span<const std::uint8_t> reply,
+                      std::span<std::uint8_t> record) {
+  ConvertColumnsBut({}, columns, reply, record);
+}
+
+void ConvertColumnsBut(std::string_view leftOut, Columns columns,
+                       std::span<const std::uint8_t> reply, std::span<std::uint8_t> record) {
+  constexpr std::size_t kSituationBytes = 3;
+  std::size_t from = 4;
+  std::size_t to = 0;
+  for (const Column& column : columns) {
+    const std::string_view name = column.name;
+    if (name == "SP") record[to] = reply[0];
+    if (name == "NS") std::copy_n(&reply[1], kSituationBytes, &record[to]);
+    if (column.type == Type::kFloat && name != leftOut) {
+      CopyFloat(reply, from, record, to);
+      from += 4;
+    }
+    to += column.width;
+  }
+}
+
 void CopyFloat(std::span<const std::uint8_t> reply, std::size_t from,
                std::span<std::uint8_t> record, std::size_t to) {
   const auto value = record.subspan(to).first<4>();

@@ -1,6 +1,8 @@
 // Archive records by date.
 #pragma once
 
+#include <string_view>
+
 #include "older/models/model.h"
 
 namespace older {
@@ -10,6 +12,14 @@ namespace older {
 // instrument's answer that there is no such record ends the attempts.
 ReadResult ReadArchiveRecord(TKSplImpl& reader, const ArchiveRecord& archive, Function function,
                              const SYSTEMTIME& date, bool tells, std::span<std::uint8_t> record);
+
+// Fills a record by its columns: NS from the 24 bits at reply[1], a mode code SP from reply[0], and
+// the columns of floats in their order from reply[4] on.
+void ConvertByColumns(Columns columns, std::span<const std::uint8_t> reply,
+                      std::span<std::uint8_t> record);
+// The same without the column of floats of this name, which the reply does not have.
+void ConvertColumnsBut(std::string_view leftOut, Columns columns,
+                       std::span<const std::uint8_t> reply, std::span<std::uint8_t> record);
 
 // The instrument float at reply[from], converted, at record[to].
 void CopyFloat(std::span<const std::uint8_t> reply, std::size_t from,
