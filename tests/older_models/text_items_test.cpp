@@ -1,0 +1,94 @@
+#include "older/reads/text_items.h"
+
+#include <doctest/doctest.h>
+
+#include "common/cp1251.h"
+#include "tests/support/hex.h"
+
+using namespace common::literals;
+using older::DateFormOf;
+using support::Bytes;
+using support::Hex;
+using support::ToHex;
+
+namespace {
+
+Bytes Item(const std::string& text, std::size_t size) {
+  Bytes item(text.begin(), text.end());
+  item.resize(size, ' ');
+  return item;
+}
+
+}  // namespace
+
+TEST_CASE("text items become their columns' bytes") {
+  using namespace std::string_literals;
+  struct Case {
+    const char* column;
+    Type type;
+    std::string text;
+    const char* value;
+    bool parses = true;
+  };
+  const Case cases[] = {
+      {"f", Type::kFloat, "12.5", "00 00 48 41"},
+      {"f", Type::kFloat, "  -0.25", "00 00 80 BE"},
+      {"f", Type::kFloat, "1e2kg", "00 00 C8 42"},
+      {"f", Type::kFloat, "8,5", "00 00 00 41"},
+      {"f", Type::kFloat, "3\0junk!"s, "00 00 40 40"},
+      {"f", Type::kFloat, "?1", "00 00 00 00", false},
+      {"f", Type::kFloat, "", "00 00 00 00"},
+      {"f", Type::kFloat, "\0 1"s, "00 00 00 00"},
+      {"f", Type::kFloat, "\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF", "00 00 00 00", false},
+      {"B", Type::kByte, "12.5", "0C"},
+      {"B", Type::kByte, "257", "01"},
+      {"B", Type::kByte, "-1", "FF"},
+      {"B", Type::kByte, "x", "00", false},
+      {"S", Type::kInt16, "65537", "01 00"},
+      {"L", Type::kInt32, "70000", "70 11 01 00"},
+      {"L", Type::kInt32, "-", "00 00 00 00", false},
+      {"TO", Type::kDateTime, "09:30:05", "01 00 01 01 09 1E 05"},
+      {"TMN", Type::kDateTime, "6 0 7", "01 00 01 01 06 00 07"},
+      {"TMK", Type::kDateTime, "23:59", "00 00 00 00 00 00 00", false},
+      {"DO", Type::kDateTime, "31.12.94", "2E 08 0C 1F 00 00 00"},
+      {"DO", Type::kDateTime, "01.02.95", "CB 07 02 01 00 00 00"},
+      {"DO", Type::kDateTime, "01.02.", "00 00 00 00 00 00 00", false},
+      {"DL", Type::kDateTime, "27.03", "01 00 03 1B 00 00 00"},
+      {"DS", Type::kDateTime, "30-10", "01 00 0A 1E 00 00 00"},
+      {"DSommer", Type::kDateTime, "1/4/16", "01 00 04 01 00 00 00"},
+      {"DWinter", Type::kDateTime, "30", "00 00 00 00 00 00 00", false},
+      {"DWinter", Type::kDateTime, "", "00 00 00 00 00 00 00"},
+  };
+  for (const Case& c : cases) {
+    CAPTURE(c.column);
+    CAPTURE(c.text);
+    const Column column = {c.column, c.type, Unit::Chosen(0)};
+    Bytes value(column.width, 0xAA);
+    CHECK(older::DecodeItem(column, Item(c.text, 8), value) == c.parses);
+    CHECK(ToHex(value) == c.value);
+  }
+}
+
+TEST_CASE("text items of characters") {
+  using namespace std::string_literals;
+  const Column shortText = {"c", Type::kChars, Unit::Chosen(0), Role::kValue, nullptr, nullptr, 9};
+  const Column longText = {"c", Type::kChars, Unit::Chosen(0), Role::kValue, nullptr, nullptr, 15};
+  CHECK(older::ItemSize(shortText) == 8);
+  CHECK(older::ItemSize(longText) == 16);
+
+  Bytes value(9, 0xAA);
+  CHECK(older::DecodeItem(shortText, Hex("8F E0 31 32 33 34 35 36"), value));
+  CHECK(ToHex(value) == "CF F0 31 32 33 34 35 36 00");
+  value.assign(15, 0xAA);
+  CHECK(older::DecodeItem(longText, Item("bar \0junk"s, 16), value));
+  CHECK(ToHex(value) == "62 61 72 20 00 00 00 00 00 00 00 00 00 00 00");
+  CHECK(older::DecodeItem(longText, Item("0123456789abcdef", 16), value));
+  CHECK(ToHex(value) == "30 31 32 33 34 35 36 37 38 39 61 62 63 64 65");
+}
+
+TEST_CASE("an item as a message shows it") {
+  using namespace std::string_literals;
+  CHECK(std::string(older::ItemText(Item("?? 1", 8))) == "?? 1");
+  CHECK(std::string(older::ItemText(Hex("8F E0 20 20 00 31 31 31"))) == "Пр"_w);
+  CHECK(std::string(older::ItemText(Item("01234567", 8))) == "01234567");
+}
