@@ -128,8 +128,10 @@ TEST_CASE("a flash read passes over a page that ends in error 14") {
     support::Reading reading;
     older::Link link(reading.driver);
     // After a reply that is cut the line is silent before the next one.
-    reading.port.received = Reply('E', page) + c.second;
-    reading.port.later = {Reply('E', page)};
+    reading.port.answer = [&](const Bytes&) {
+      reading.port.later = {Reply('E', page)};
+      return Reply('E', page) + c.second;
+    };
     std::array<std::uint8_t, 192> pages{};
     pages.fill(7);
     CHECK(link.ReadFlash(8, pages) == c.error);

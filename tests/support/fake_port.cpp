@@ -20,7 +20,14 @@ bool FakePort::Configure(const std::string& call) {
   return refuse.empty() || call.rfind(refuse, 0) != 0;
 }
 
-bool FakePort::Control(int code) { return Configure(Call("Control", code)); }
+bool FakePort::Control(int code) {
+  constexpr int kDropReceived = 3;
+  if (code == kDropReceived) {
+    received.clear();
+    later.clear();
+  }
+  return Configure(Call("Control", code));
+}
 
 bool FakePort::SetTimeouts(unsigned readInterval, unsigned readPerByte, unsigned readConstant,
                            unsigned writePerByte, unsigned writeConstant) {
