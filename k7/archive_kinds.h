@@ -1,0 +1,44 @@
+// The kinds of archives: how they are called, titled and stepped through.
+#pragma once
+
+#include <cstdint>
+
+#include "TKSplDrv/types.h"
+#include "driver/column.h"
+#include "driver/record_stream.h"
+
+namespace k7 {
+
+// The codes of the archive request that this driver uses; 2 (ten days) and 5 (power supply) exist.
+enum class Kind : std::uint8_t {
+  kHour = 0,
+  kDay = 1,
+  kMon = 3,
+  kChange = 4,
+  kEvent = 6,
+  kControl = 7,
+};
+
+// The interval of a periodic archive's records.
+enum class Period { kHour, kDay, kMonth };
+
+struct ArchiveKind {
+  Kind kind;
+  const char* name;
+  const char* startSubject;  // of the message that announces the read; spelled so on purpose
+  TitleKind title;
+  const char* suffix;  // behind the system's name, with its blank
+  Period period;       // of a log: not used
+  Columns log;         // of a log: its columns
+};
+
+// Defined in the table of kinds; every Kind stands there.
+const ArchiveKind& Describe(Kind kind);
+
+// How many records lie between two moments, both included; none or less when to lies before from.
+std::int64_t RecordsBetween(Period period, const TAVDT& from, const TAVDT& to);
+// The start of the period that a moment lies in. A month starts with day 0: intended.
+void CutToPeriod(Period period, SYSTEMTIME& time);
+void NextPeriod(Period period, SYSTEMTIME& time);
+
+}  // namespace k7

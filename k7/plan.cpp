@@ -1,0 +1,111 @@
+#include "k7/plan.h"
+
+#include "common/cp1251.h"
+#include "common/format.h"
+#include "k7/host_messages.h"
+
+namespace k7 {
+namespace {
+
+using namespace common::literals;
+
+struct ArchiveStep {
+  char group;  // the read group's upper-case letter
+  Kind kind;
+  const char* subject;
+};
+
+// In the order of reading. The control archive has no letter of its own.
+constexpr ArchiveStep kPeriodicSteps[] = {
+    {'M', Kind::kMon, "Чтение помесячных"_w},
+    {'S', Kind::kDay, "Чтение посуточных"_w},
+    {'S', Kind::kControl, "Чтение контрольных"_w},
+    {'H', Kind::kHour, "Чтение почасовых"_w},
+};
+
+// The letters E and e are not looked at: the logs belong to the database.
+constexpr char kDatabaseGroup = 'B';
+constexpr ArchiveStep kLogSteps[] = {
+    {kDatabaseGroup, Kind::kChange, "Чтение изменений БД"_w},
+    {kDatabaseGroup, Kind::kEvent, "Чтение событий"_w},
+};
+
+constexpr const char* kBegun = "...";
+constexpr const char* kSucceeded = "успешно"_w;
+constexpr const char* kFailed = "ошибка"_w;
+
+}  // namespace
+
+// Either case of the letter will do.
+bool Plan::Asked(char group) const {
+  for (int i = 0; i < kReadGroupCount; i += 2) {
+    if (kReadGroupLetters[i] == group)
+      return host_.groupFlag[i] != 0 || host_.groupFlag[i + 1] != 0;
+  }
+  return false;
+}
+
+bool Plan::Stopped() {
+  if (host_.IsStop() == 0) return false;
+  host_.ReadStop(false);
+  return true;
+}
+
+// A failed read does not end the plan, a stop and a refused record do.
+template <typename Read>
+bool Plan::Step(const char* subject, Report report, Read read) {
+  if (Stopped()) return false;
+  Say(host_, kBegun, subject);
+  const bool done = read();
+  if (out_.Refused()) return false;
+  Say(host_, done == (report == Report::kPlain) ? kSucceeded : kFailed, subject);
+  return true;
+}
+
+bool Plan::ReadPlan(std::uint8_t system) {
+  common::SetText(host_.sectionText, common::Format("%s%u", "ТВ"_w, unsigned{system}));
+  Say(host_, host_.sectionText, "Ch");
+  return ReadCurrentAndTotals(system) && ReadPeriodicArchives(system) &&
+         ReadDatabaseAndLogs(system);
+}
+
+bool Plan::ReadCommonDatabase() {
+  return !Asked(kDatabaseGroup) ||
+         Step("Чтение БД ОВ"_w, Report::kSwapped, [this] { return sections_.ReadDatabase(0); });
+}
+
+bool Plan::ReadCurrentAndTotals(std::uint8_t system) {
+  if (!Asked('T')) return true;
+  if (Stopped()) return false;
+  constexpr const char* kSubject = "Чтение текущих"_w;
+  Say(host_, kBegun, kSubject);
+  if (!sections_.ReadCurrent(system) || !sections_.ReadTotals(system)) return false;
+  Say(host_, kSucceeded, kSubject);
+  return true;
+}
+
+bool Plan::ReadPeriodicArchives(std::uint8_t system) {
+  for (const ArchiveStep& step : kPeriodicSteps) {
+    if (Asked(step.group) && !Step(step.subject, Report::kPlain,
+                                   [&] { return sections_.ReadPeriodic(system, step.kind); })) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool Plan::ReadDatabaseAndLogs(std::uint8_t system) {
+  if (!Asked(kDatabaseGroup)) return true;
+  if (!Step("Чтение БД ТВ"_w, Report::kSwapped, [&] { return sections_.ReadDatabase(system); })) {
+    return false;
+  }
+  for (const ArchiveStep& step : kLogSteps) {
+    if (!Step(step.subject, Report::kPlain,
+              [&] { return sections_.ReadEvents(system, step.kind); })) {
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace k7

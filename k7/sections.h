@@ -1,0 +1,55 @@
+// The sections of a system: each is asked for, decoded and written to the host.
+#pragma once
+
+#include <cstdint>
+
+#include "TKSplDrv/driver.h"
+#include "driver/record_stream.h"
+#include "k7/archive_kinds.h"
+#include "k7/models.h"
+#include "k7/requests.h"
+#include "k7/session.h"
+
+namespace k7 {
+
+// All reads answer whether the section was read to its end; the link and the session have said why
+// not. A record that the host refuses ends a read as a failed one.
+class Sections {
+ public:
+  // All outlive the sections. The identity is looked at when something is read.
+  Sections(TavDrvV1& host, Requests& requests, RecordStream& out, const Identity& identity)
+      : host_(host), requests_(requests), out_(out), identity_(identity) {}
+
+  // Before anything is read.
+  void SetModel(const Model& model) { model_ = &model; }
+
+  bool ReadCurrent(std::uint8_t system);
+  bool ReadTotals(std::uint8_t system);
+  // One request for each record of the host's period.
+  bool ReadPeriodic(std::uint8_t system, Kind kind);
+  // One request for the host's whole period.
+  bool ReadEvents(std::uint8_t system, Kind kind);
+  // One row of one entry for each parameter; a block that failed leaves the row shorter.
+  bool ReadDatabase(std::uint8_t system);
+
+ private:
+  using WriteRecord = void (Sections::*)(const ArchiveKind& kind, const Stamp& stamp, Items& items);
+
+  bool ReadTable(std::uint8_t system, const ParameterTable& table, const char* section);
+  bool ReadPeriod(std::uint8_t system, const ArchiveKind& kind, const TAVDT& from);
+  const ArchiveTable& TableOf(Kind kind) const;
+  void StartArchive(std::uint8_t system, const ArchiveKind& kind);
+  bool WriteRecords(const ArchiveKind& kind, WriteRecord write);
+  void WriteArchiveRecord(const ArchiveKind& kind, const Stamp& stamp, Items& items);
+  void WriteEvent(const ArchiveKind& kind, const Stamp& stamp, Items& items);
+  bool FailQuery(const TAVDT& date);
+  ChosenUnits Units() const;
+
+  TavDrvV1& host_;
+  Requests& requests_;
+  RecordStream& out_;
+  const Identity& identity_;
+  const Model* model_ = nullptr;
+};
+
+}  // namespace k7

@@ -1,0 +1,62 @@
+// One question and its answer over the host's serial line.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "TKSplDrv/driver.h"
+#include "k7/frame_search.h"
+#include "k7/frames.h"
+#include "k7/reply.h"
+
+namespace k7 {
+
+// Results of an exchange; a positive one is the command of the accepted reply.
+enum LinkCode : int {
+  kUnknownFrameMode = -1,
+  kNoByte = -2,         // the port delivered nothing
+  kNoFrame = -3,        // the receive buffer is full without a frame
+  kAttemptsUsed = -4,   // every attempt failed
+  kStoppedByHost = -6,  // the host asked to stop
+};
+
+enum class FrameMode : std::uint8_t { kShort = 1, kLong = 2 };
+
+class Transport {
+ public:
+  // host outlives the transport. Its parameter 1 is the number of attempts.
+  explicit Transport(TavDrvV1& host) : host_(host) {}
+
+  // Starts a link from its initial state.
+  void Open(std::uint8_t address, FrameMode mode);
+  // Wakes the instrument: a run of FF bytes, then what arrived is dropped. reply is left cleared.
+  void WakeUp(Reply& reply);
+  // Sends a command with its data and waits for the reply, again after each failure. All attempts
+  // carry one sequence number. reply is written only when a reply was accepted.
+  int K7Query(std::uint8_t command, std::span<const std::uint8_t> data, Reply& reply);
+
+ private:
+  int Exchange(std::uint8_t command, std::span<const std::uint8_t> data, Reply& reply);
+  std::span<const std::uint8_t> SendLongFrame(std::uint8_t command,
+                                              std::span<const std::uint8_t> data);
+  void SendShortFrame(std::uint8_t command, std::span<const std::uint8_t> data);
+  int ReceiveLongFrame(std::span<const std::uint8_t> request, Reply& reply);
+  int ReceiveShortFrame(Reply& reply);
+  template <typename Find>
+  int Receive(Find find, Reply& reply);
+  int Accept(const SearchResult& found, Reply& reply) const;
+  int WaitForStop();
+  void Write(std::span<const std::uint8_t> bytes);
+  int Read(unsigned timeoutMs, unsigned count, std::uint8_t* destination);
+
+  TavDrvV1& host_;
+  FrameMode frameMode_ = FrameMode::kLong;
+  std::uint8_t devAddr_ = 0;
+  std::uint8_t seqNo_ = 0;
+  TxBuf txBuf_{};
+  RxBuf rxBuf_{};
+  LongFrameSearch longSearch_;
+  ShortFrameSearch shortSearch_;
+};
+
+}  // namespace k7

@@ -1,0 +1,100 @@
+// A whole reading of a K7 instrument.
+#include <new>
+
+#include "common/format.h"
+#include "driver/reader.h"
+#include "k7/host_messages.h"
+#include "k7/plan.h"
+#include "k7/sections.h"
+#include "k7/session.h"
+
+namespace k7 {
+namespace {
+
+// Holds the buffers of every layer, about half a megabyte: one allocation, none while reading.
+class UrmK7 final : public Reader {
+ public:
+  explicit UrmK7(TavDrvV1& host)
+      : host_(host),
+        transport_(host),
+        out_(host),
+        requests_(host, transport_, out_),
+        session_(host, transport_, requests_),
+        sections_(host, requests_, out_, session_.GetIdentity()),
+        plan_(host, out_, sections_) {}
+
+  int Run() override;
+
+ private:
+  bool Open();
+  bool Answers(FrameMode mode, const char* name, const char* answered);
+  void Introduce();
+  int ReadSystems(const Model& model);
+
+  TavDrvV1& host_;
+  Transport transport_;
+  RecordStream out_;
+  Requests requests_;
+  Session session_;
+  Sections sections_;
+  Plan plan_;
+};
+
+int UrmK7::Run() {
+  if (!Open()) {
+    Say(host_, "error", "Init");
+    return -1;
+  }
+  if (!session_.ReadBasic()) return 0;
+  Introduce();
+  if (!session_.ReadClock()) return 0;
+  const Model* const model = FindModel(session_.GetIdentity().devType);
+  if (model == nullptr) {
+    Say(host_, "device not supported", "error");
+    return 0;
+  }
+  sections_.SetModel(*model);
+  return ReadSystems(*model);
+}
+
+bool UrmK7::Open() {
+  return Answers(FrameMode::kLong, "FULL", "FULL OK") ||
+         Answers(FrameMode::kShort, "SHORT", "SHORT OK");
+}
+
+bool UrmK7::Answers(FrameMode mode, const char* name, const char* answered) {
+  Say(host_, name, "Init...");
+  if (session_.Connect(static_cast<std::uint8_t>(host_.numberN), mode) < 1) return false;
+  Say(host_, answered, "Init");
+  return true;
+}
+
+// The titles take these texts from the host object.
+void UrmK7::Introduce() {
+  const Identity& identity = session_.GetIdentity();
+  common::SetText(host_.typeText, identity.devName);
+  common::SetText(host_.versionText, identity.devVersion);
+  common::SetText(host_.numberText, identity.devNumber);
+  Say(host_, identity.devName, "Tip");
+  Say(host_, identity.devVersion, "Version");
+  Say(host_, identity.devNumber, "Numer");
+}
+
+// All systems are read, also after one that failed or that the host stopped: its ReadStop has
+// cleared the request.
+int UrmK7::ReadSystems(const Model& model) {
+  if (model.commonDatabase && !plan_.ReadCommonDatabase()) return 0;
+  int result = 0;
+  for (const std::uint8_t system : model.systems) {
+    if (plan_.ReadPlan(system)) result = 1;
+    if (out_.Refused()) return 0;
+  }
+  return result;
+}
+
+}  // namespace
+}  // namespace k7
+
+std::unique_ptr<Reader> MakeK7Reader(TavDrvV1& host) {
+  return std::unique_ptr<Reader>(new (std::nothrow) k7::UrmK7(host));
+}
