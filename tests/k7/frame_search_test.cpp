@@ -131,7 +131,7 @@ class Noise {
   }
   Bytes Piece() {
     const Bytes whole = Frame(Below(3) == 0 ? 0 : Below(256), Below(6));
-    switch (Below(7)) {
+    switch (Below(8)) {
       case 0:
         return Random(Below(5));
       case 1:
@@ -145,9 +145,20 @@ class Noise {
         return LongFrame(link_.address, link_.sequence, Below(2), Joined({Random(2), whole}));
       case 5:
         return k7test::ShortFrame(link_.address, Below(3), Random(Below(3)));
+      case 6:
+        return Chain(Below(2), Below(2));
       default:
         return whole;
     }
+  }
+  // Two frames of which the second starts inside the first and ends behind it.
+  Bytes Chain(int firstCommand, int secondCommand) {
+    const Bytes start = LongFrame(link_.address, link_.sequence, secondCommand, Random(2));
+    const Bytes head(start.begin(), start.begin() + 8);
+    const Bytes first = LongFrame(link_.address, link_.sequence, firstCommand, head);
+    const Bytes second = LongFrame(link_.address, link_.sequence, secondCommand,
+                                   {first[first.size() - 2], first.back()});
+    return Joined({first, {second[second.size() - 2], second.back()}});
   }
 
   std::mt19937 random_{20160904};
