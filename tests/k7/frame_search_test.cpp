@@ -203,7 +203,7 @@ TEST_CASE("short frames: every way a stop byte can stand") {
            Case{"10 05 00 FA 16 00 10 05 3F BB 16 00", State::kNothing},  // hidden by command 0
            Case{"10 06 3F BA 16 00 00", State::kNothing},                 // of another instrument
        }) {
-    INFO(c.stream);
+    INFO(std::string(c.stream));
     CHECK(CompareShort(*searches, Hex(c.stream), link) == c.state);
   }
 }

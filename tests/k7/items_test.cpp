@@ -36,7 +36,7 @@ TEST_CASE("lengths in their short and long forms") {
            Case{"04 86 00 00 00 00 00 05", 8, 5},
            Case{"04 88 01 00 00 00 00 00 00 05", 10, k7::kMostItemLength},
        }) {
-    INFO(c.head);
+    INFO(std::string(c.head));
     const Bytes bytes = Joined({Hex(c.head), Bytes(400, 0)});
     k7::Items items(bytes);
     const k7::Item item = items.NextItem();
@@ -84,7 +84,7 @@ TEST_CASE("dates, times and stamps") {
            Case{"10 03", {2016, 3, 0, 0, 0, 0}, 0},
            Case{"", {}, 0},
        }) {
-    INFO(c.value);
+    INFO(std::string(c.value));
     const Bytes item = Joined({Item(0x49, Hex(c.value)), Hex("77 77")});
     std::size_t length = 99;
     const k7::Stamp stamp = k7::Items(item).ItemStamp(length);
@@ -131,7 +131,7 @@ TEST_CASE("records of an archive reply") {
            Case{"unknown items only", Hex("02 01 00"), k7::kNoMoreRecords, 3},
            Case{"an unknown item without end", Hex("02 84 FF FF FF FF"), k7::kNoMoreRecords, 6},
        }) {
-    INFO(c.name);
+    INFO(std::string(c.name));
     k7::Items items(c.bytes);
     k7::Stamp stamp;
     CHECK(k7::SkipToRecord(items, c.bytes.size(), stamp) == c.result);

@@ -60,7 +60,7 @@ TEST_CASE("an instrument that cannot be identified ends the reading after both f
            Case{"an unknown model", Answer{0x3F, Hex("93 29 00 01")},
                 "undefined 2993 / error start "},
        }) {
-    INFO(c.name);
+    INFO(std::string(c.name));
     Reading reading(k7test::kCode521, "T");
     reading.urm.before = Only(0x3F, c.identification);
     CHECK(reading.Run() == "Error / ReadStop");

@@ -56,7 +56,7 @@ TEST_CASE("what stands before a reply is skipped: noise, the echo, replies to ot
            Case{"frame starts", Hex("10 10 05 10 05 90 10 05 90 01 10 05 90 01 00 03 00")},
            Case{"a damaged reply", Hex("10 05 90 01 00 02 00 72 AA 00 00")},
        }) {
-    INFO(c.name);
+    INFO(std::string(c.name));
     Line line;
     line.port.received = c.before + reply;
     CHECK(line.Query() == 0x72);
