@@ -2,27 +2,19 @@
 #pragma once
 
 #include "common/cp1251.h"
-#include "driver/tkspl_drv.h"
 #include "k7/transport.h"
 #include "tests/k7/k7_bytes.h"
-#include "tests/support/fake_clock.h"
-#include "tests/support/fake_port.h"
-#include "tests/support/recording_stream.h"
+#include "tests/support/reading.h"
 
 namespace k7test {
 
 inline constexpr int kAddress = 5;
 
-struct Host {
+struct Host : support::Reading {
   Host() {
-    support::clock::Reset();
     driver.numberN = kAddress;
     driver.stopRequest = 0;
   }
-
-  support::RecordingStream stream;
-  support::FakePort port;
-  TKSplDrv driver{static_cast<HostStream*>(&stream), static_cast<HostPort*>(&port)};
 };
 
 }  // namespace k7test

@@ -52,7 +52,7 @@ bool Asks(const Request& request, int channel, int first) {
 std::vector<std::string> Titles(const Reading& reading) {
   std::vector<std::string> titles;
   for (const auto& section : reading.Sections()) {
-    titles.push_back(std::string(1, section.kind) + ' ' + section.name);
+    titles.push_back(std::string(1, section.kind) + ' ' + section.title);
   }
   return titles;
 }
@@ -136,7 +136,7 @@ TEST_CASE("periodic archives are asked for period by period") {
     };
     reading.Run();
     CHECK(asked == std::vector<std::string>(c.asked.begin(), c.asked.end()));
-    CHECK(reading.Sections().back().endMarkers == 1);
+    CHECK(reading.Sections().back().ended);
   }
 }
 
@@ -185,8 +185,8 @@ TEST_CASE("several records in a reply, unknown items between them") {
   const auto sections = reading.Sections();
   REQUIRE(sections.at(0).rows.size() == 2);
   CHECK(sections[0].rows[0] == sections[0].rows[1]);
-  CHECK(sections[0].Field(0, "DT") == Hex("E0 07 04 01 00 00 00"));
-  CHECK(sections[0].endMarkers == 1);
+  CHECK(sections[0].Date(0, "DT") == "2016-04-01 00:00:00");
+  CHECK(sections[0].ended);
 }
 
 TEST_CASE("an archive read that goes wrong") {
@@ -219,7 +219,7 @@ TEST_CASE("an archive read that goes wrong") {
     const auto sections = reading.Sections();
     REQUIRE(sections.size() == 4);  // two systems, each with its control archive
     CHECK(sections[0].rows.size() == c.rows);
-    CHECK(sections[0].endMarkers == 1);
+    CHECK(sections[0].ended);
     if (c.said != nullptr) CHECK(reading.stream.CountOf(c.said) == 2);
     CHECK(reading.stream.CountOf(support::MessageLine(c.outcome, "Чтение посуточных"_w, 0)) == 2);
     int reads = 0;
@@ -254,13 +254,15 @@ TEST_CASE("a log is one request for the whole period; another command's reply is
     CHECK(reading.Run() == "OK / ReadStop");
     const auto log = reading.Sections().back();
     CHECK(log.announced == 2);
-    CHECK(log.Types() == "tc");
-    CHECK(log.endMarkers == 1);
+    CHECK(log.columns.size() == 2);
+    CHECK(log.columns[1].type == 'c');
+    CHECK(log.ended);
     REQUIRE(log.rows.size() == c.rows);
     if (c.rows > 0) {
-      CHECK(ToHex(log.rows[0]).substr(0, 32) == "E0 07 04 01 00 00 00 61 62 63 00");
-      CHECK(log.rows[1].size() == 57);
-      CHECK(log.rows[1].back() == 'x');
+      CHECK(ToHex(log.Row(0)).substr(0, 32) == "E0 07 04 01 00 00 00 61 62 63 00");
+      CHECK(log.rows[1].size() == 2);  // two records
+      CHECK(log.Row(1).size() == 57);
+      CHECK(log.Row(1).back() == 'x');
     }
     if (c.said != nullptr) CHECK(reading.stream.Said(c.said));
     CHECK(reading.Said(c.outcome, "Чтение событий"_w));
@@ -284,8 +286,8 @@ TEST_CASE("current values or totals that fail end the plan of their system") {
     const std::string archive = c.code == k7test::kCode521 ? "H ОБЩ"_w : "H ТВ1"_w;
     int endMarkers = 0;
     for (const auto& section : reading.Sections()) {
-      CHECK(std::string(1, section.kind) + ' ' + section.name != archive);
-      if (section.kind == 'O') endMarkers += section.endMarkers;
+      CHECK(std::string(1, section.kind) + ' ' + section.title != archive);
+      if (section.kind == 'O' && section.ended) ++endMarkers;
     }
     CHECK(endMarkers == c.endMarkers);
   }
@@ -345,10 +347,10 @@ TEST_CASE("a database is one row, asked for in blocks on the system's channel") 
                                                   {2, 20, 10},
                                                   {2, 30, 5}});
   const auto sections = reading.Sections();
-  CHECK(sections.at(0).rows.at(0).size() == 26 * 50);
-  CHECK(sections.at(1).rows.at(0).size() == 35 * 50);
-  CHECK(sections.at(4).rows.at(0).size() == 25 * 50);  // without the block that failed
-  CHECK(sections.at(4).endMarkers == 0);
+  CHECK(sections.at(0).rows.at(0).size() == 26);
+  CHECK(sections.at(1).rows.at(0).size() == 35);
+  CHECK(sections.at(4).rows.at(0).size() == 25);  // without the block that failed
+  CHECK(!sections.at(4).ended);
 }
 
 TEST_CASE("a stop that the plan of system 1 sees does not keep system 2 from being read") {

@@ -11,6 +11,7 @@ using namespace common::literals;
 using k7test::Joined;
 using k7test::Reading;
 using support::Bytes;
+using support::HeaderRecord;
 
 namespace {
 
@@ -41,6 +42,21 @@ Bytes Decode(Columns columns, k7::Closing closing, const Bytes& items) {
   const k7::Record record = k7::DecodeArchive(columns, closing, {2016, 3, 31, 23, 1, 2}, walk);
   CHECK(walk.Cursor() == items.size());
   return {record.Bytes().begin(), record.Bytes().end()};
+}
+
+// One character a column.
+std::string Letters(const support::Section& section, char HeaderRecord::*letter) {
+  std::string letters;
+  for (const HeaderRecord& column : section.columns) letters += column.*letter;
+  return letters;
+}
+
+std::string Names(const support::Section& section) {
+  std::string names;
+  for (const HeaderRecord& column : section.columns) {
+    names += (names.empty() ? "" : " ") + column.name;
+  }
+  return names;
 }
 
 const Bytes kHead = support::Hex("E0 07 03 1F 17 01 02 05");  // the date and the state code 5
@@ -117,9 +133,9 @@ TEST_CASE("the columns of each table") {
     Reading reading(c.code, std::string(1, c.group).c_str());
     reading.Run();
     const auto section = reading.Sections().at(c.section);
-    CHECK(section.Names() == c.names);
-    CHECK(section.Types() == c.types);
-    CHECK(section.Roles() == c.roles);
+    CHECK(Names(section) == c.names);
+    CHECK(Letters(section, &HeaderRecord::type) == c.types);
+    CHECK(Letters(section, &HeaderRecord::role) == c.roles);
     CHECK(section.announced == -1);
   }
 }
@@ -167,7 +183,7 @@ TEST_CASE("the parameter databases name every parameter and its caption") {
   second.Run();
   const auto own = first.Sections().at(0), common = second.Sections().at(0),
              system = second.Sections().at(4);
-  CHECK(own.Types() == std::string(127, 'c'));
+  CHECK(Letters(own, &HeaderRecord::type) == std::string(127, 'c'));
   CHECK(own.Column("F109").caption == "ПМ"_w);
   CHECK(own.Column("F150").caption == "PLG");
   CHECK(own.Column("F166").caption == "Tka");
@@ -176,7 +192,7 @@ TEST_CASE("the parameter databases name every parameter and its caption") {
   CHECK(common.Column("F022").caption == "КУ2"_w);
   CHECK(common.Column("F024").caption == "НУ22"_w);
   CHECK(common.Column("F026").caption == "УН2"_w);
-  CHECK(system.name == "ТВ2"_w);
+  CHECK(system.title == "ТВ2"_w);
   CHECK(system.columns.size() == 35);
   CHECK(system.Column("F034").caption == "ATф"_w);
   CHECK(system.Column("F011").width == 50);

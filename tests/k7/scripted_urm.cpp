@@ -49,15 +49,14 @@ std::optional<Answer> ScriptedUrm::operator()(const Request& request) {
 
 Reading::Reading(int code, const char* groups) {
   urm.code = code;
-  driver.mode = 2;
   driver.dateFrom = {2016, 3, 0, 31, 22, 10, 0, 0};
   driver.dateTo = {2016, 4, 0, 1, 1, 0, 0, 0};
-  for (const char* group = groups; *group != '\0'; ++group) driver.SetupReadGroup(*group, true);
+  Groups(groups);
   Attach(port, [this](const Request& request) { return urm(request); });
 }
 
 std::string Reading::Run() {
-  PollThread(&driver);
+  support::Reading::Run(2);
   return stream.messages.at(stream.messages.size() - 2);
 }
 

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "tests/k7/fixture.h"
-#include "tests/k7/recorded_sections.h"
+#include "tests/support/sections.h"
 
 namespace k7test {
 
@@ -39,7 +39,7 @@ struct Reading : Host {
   // The whole reading as the driver's thread does it, on this thread. Answers the final message.
   std::string Run();
   bool Said(const char* detail, const char* subject) const;
-  std::vector<RecordedSection> Sections() const { return k7test::Sections(stream.writes); }
+  std::vector<support::Section> Sections() const { return support::TakeApart(stream.writes); }
 
   ScriptedUrm urm;
 };
