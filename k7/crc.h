@@ -14,19 +14,20 @@ std::uint8_t Checksum(std::span<const std::uint8_t> bytes);
 
 // Tells whether any stretch of a byte stream ends with its own CRC-16, at no cost per stretch.
 //
-// The register after a stretch depends on where the stretch starts, so a plain CRC has to be taken
-// again from each start. This one divides every byte's share by x^8 once for each byte before it
-// (x has an inverse, for the polynomial's lowest coefficient is 1). The shares then no longer
-// depend on the start: a stretch leaves remainder 0, which is what a message followed by its own
-// CRC does, exactly when the register is the same before and after it.
+// The register after a stretch also depends on what came before it, the more bytes ago the higher a
+// power of x that is multiplied by. Dividing the register after n bytes by x^(8 n) takes that out
+// (x has an inverse, for the polynomial's lowest coefficient is 1). A message followed by its own
+// CRC adds nothing to the quotient, and nothing else does: the quotients before and behind a
+// stretch are equal exactly when it ends with its own CRC.
 class StreamCrc {
  public:
   void Add(std::uint8_t byte);
-  std::uint16_t Value() const { return value_; }
+  // The quotient.
+  std::uint16_t Value() const;
 
  private:
-  std::uint16_t value_ = 0;
-  std::uint16_t weight_ = 0x8000;  // of the next byte's top bit, a power of x
+  std::uint16_t crc_ = 0;
+  std::uint16_t divisor_ = 1;  // its inverse: x to the power of -8 n
 };
 
 }  // namespace k7

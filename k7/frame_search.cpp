@@ -51,7 +51,7 @@ void LongFrameSearch::NoteCandidate(const RxBuf& received, std::size_t last) {
   const std::size_t end = start + LengthOf(received, start) + kToLongEnd;
   if (end >= kReceiveLimit) return;
   candidates_[count_] = {static_cast<std::uint16_t>(start), static_cast<std::uint16_t>(end),
-                         recentCrc_[(start + 1) % recentCrc_.size()], endingAt_[end]};
+                         recentCrc_[(start + 1) % recentCrc_.size()].Value(), endingAt_[end]};
   endingAt_[end] = static_cast<std::uint16_t>(++count_);
 }
 
@@ -64,10 +64,13 @@ bool LongFrameSearch::IsEcho(const RxBuf& received, const Candidate& frame) cons
 // Later starts come first in the list, so the last valid one is the answer.
 const LongFrameSearch::Candidate* LongFrameSearch::FirstValid(const RxBuf& received,
                                                               std::size_t last) const {
+  std::size_t number = endingAt_[last];
+  if (number == 0) return nullptr;
+  const std::uint16_t crc = crc_.Value();
   const Candidate* first = nullptr;
-  for (std::size_t number = endingAt_[last]; number != 0;) {
+  while (number != 0) {
     const Candidate& candidate = candidates_[number - 1];
-    if (candidate.start < hiddenFrom_ && candidate.crcBefore == crc_.Value() &&
+    if (candidate.start < hiddenFrom_ && candidate.crcBefore == crc &&
         !IsEcho(received, candidate)) {
       first = &candidate;
     }
@@ -77,7 +80,7 @@ const LongFrameSearch::Candidate* LongFrameSearch::FirstValid(const RxBuf& recei
 }
 
 SearchResult LongFrameSearch::FindLongFrame(const RxBuf& received, std::size_t last) {
-  recentCrc_[last % recentCrc_.size()] = crc_.Value();
+  recentCrc_[last % recentCrc_.size()] = crc_;
   crc_.Add(received[last]);
   NoteCandidate(received, last);
   const Candidate* const frame = FirstValid(received, last);

@@ -64,8 +64,8 @@ class LongFrameSearch {
   std::uint8_t sequence_ = 0;
   std::span<const std::uint8_t> request_;
   StreamCrc crc_;
-  std::array<std::uint16_t, 8> recentCrc_{};  // before each of the last eight bytes, by index mod 8
-  std::size_t hiddenFrom_ = kReceiveLimit;    // starts from here on are no longer looked at
+  std::array<StreamCrc, 8> recentCrc_{};    // before each of the last eight bytes, by index mod 8
+  std::size_t hiddenFrom_ = kReceiveLimit;  // starts from here on are no longer looked at
   std::size_t count_ = 0;
   std::array<Candidate, kMostCandidates> candidates_{};
   std::array<std::uint16_t, kReceiveLimit> endingAt_{};  // 1 + index of a candidate; 0: none
