@@ -44,11 +44,11 @@ constexpr std::size_t CountOf(const ParameterBlocks<B>& blocks) {
   return count;
 }
 
-// No caption is missing.
+// No caption is missing: a null one does not compile.
 template <std::size_t N>
 constexpr bool IsComplete(const ColumnTable<N>& table) {
   for (const Column& column : table) {
-    if (column.caption == nullptr || column.width != kEntrySize) return false;
+    if (column.caption[0] == '\0' || column.width != kEntrySize) return false;
   }
   return true;
 }

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "simulator/k7/instrument.h"
 #include "simulator/older/instrument.h"
 
 namespace simulator {
@@ -112,6 +113,7 @@ std::vector<Choice> AllFaults() {
   std::vector<Choice> choices;
   for (const FaultKind& kind : kLineFaults) choices.push_back(kind.choice);
   for (const FaultKind& kind : older::FaultKinds()) choices.push_back(kind.choice);
+  for (const FaultKind& kind : k7::FaultKinds()) choices.push_back(kind.choice);
   return choices;
 }
 

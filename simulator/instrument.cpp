@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "simulator/faults.h"
+#include "simulator/k7/instrument.h"
+#include "simulator/k7/model.h"
 #include "simulator/moment.h"
 #include "simulator/older/instrument.h"
 #include "simulator/older/model.h"
@@ -10,8 +12,10 @@
 namespace simulator {
 
 std::unique_ptr<Instrument> MakeInstrument(const Settings& settings, Clock now) {
-  return WithFaults(older::MakeOlderInstrument(settings, std::move(now)), settings.faults,
-                    settings.seed);
+  std::unique_ptr<Instrument> instrument =
+      k7::FindModel(settings.model) ? k7::MakeK7Instrument(settings, std::move(now))
+                                    : older::MakeOlderInstrument(settings, std::move(now));
+  return WithFaults(std::move(instrument), settings.faults, settings.seed);
 }
 
 Clock ClockOf(const Settings& settings) {
@@ -23,6 +27,7 @@ std::span<const Choice> Models() {
   static const std::vector<Choice> choices = [] {
     std::vector<Choice> all;
     for (const older::Model* model : older::AllModels()) all.push_back(model->choice);
+    for (const k7::Model* model : k7::AllModels()) all.push_back(model->choice);
     return all;
   }();
   return choices;
