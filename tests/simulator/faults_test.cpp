@@ -47,17 +47,17 @@ bool IsFault(const std::string& kind, const Bytes& reply) {
 }  // namespace
 
 TEST_CASE("each fault strikes on every Nth exchange and is the same for a seed") {
-  for (const Choice& fault : Faults()) {
-    CAPTURE(fault.name);
-    const std::vector<Bytes> replies = Replies({{fault.name, 3}}, 30);
+  for (const std::string fault : {"no-reply", "cut-reply", "flipped-bit", "noise", "error-reply"}) {
+    CAPTURE(fault);
+    const std::vector<Bytes> replies = Replies({{fault, 3}}, 30);
     for (std::size_t i = 0; i < replies.size(); ++i) {
       CAPTURE(support::ToHex(replies[i]));
       const bool struck = (i + 1) % 3 == 0;
-      CHECK((struck ? IsFault(fault.name, replies[i]) : replies[i] == Clean()));
+      CHECK((struck ? IsFault(fault, replies[i]) : replies[i] == Clean()));
     }
-    CHECK(Replies({{fault.name, 3}}, 30) == replies);
-    const bool random = std::string(fault.name) != "no-reply";
-    CHECK((Replies({{fault.name, 3}}, 30, 2) != replies) == random);
+    CHECK(Replies({{fault, 3}}, 30) == replies);
+    const bool random = fault != "no-reply";
+    CHECK((Replies({{fault, 3}}, 30, 2) != replies) == random);
   }
 }
 
