@@ -17,18 +17,23 @@ constexpr std::uint8_t kAddress = 1;
 constexpr std::uint8_t kSequence = 1;
 constexpr std::size_t kOverhead = 10;  // of a long frame, beside its data
 
-// A reply of this size in all. Its length has two bytes, other than those of requests.
+// The first eight bytes of a reply with so many data bytes.
+Bytes Start(std::size_t dataSize) {
+  const std::size_t length = dataSize + 1;
+  return {0x10,
+          kAddress,
+          0x90,
+          kSequence,
+          0,
+          static_cast<std::uint8_t>(length & 0xFF),
+          static_cast<std::uint8_t>(length >> 8),
+          0x61};
+}
+
+// A reply of this size in all.
 Bytes Reply(std::size_t size) {
   std::mt19937 random(1);
-  const std::size_t length = size - kOverhead + 1;
-  Bytes frame = {0x10,
-                 kAddress,
-                 0x90,
-                 kSequence,
-                 0,
-                 static_cast<std::uint8_t>(length & 0xFF),
-                 static_cast<std::uint8_t>(length >> 8),
-                 0x61};
+  Bytes frame = Start(size - kOverhead);
   while (frame.size() < size - 2) frame.push_back(static_cast<std::uint8_t>(random()));
   const std::uint16_t crc = k7::Crc16(std::span(frame).subspan(1));
   frame.push_back(static_cast<std::uint8_t>(crc >> 8));
@@ -40,18 +45,9 @@ Bytes Reply(std::size_t size) {
 // to the end, as many as there is room for.
 Bytes NoisyReply(std::size_t size) {
   Bytes noise;
-  const std::size_t before = size / 2;
-  while (noise.size() + 8 <= before) {
-    const std::size_t length = size - noise.size() - kOverhead;
-    const std::uint8_t start[] = {0x10,
-                                  kAddress,
-                                  0x90,
-                                  kSequence,
-                                  0,
-                                  static_cast<std::uint8_t>(length & 0xFF),
-                                  static_cast<std::uint8_t>(length >> 8),
-                                  0x61};
-    noise.insert(noise.end(), std::begin(start), std::end(start));
+  while (noise.size() + 8 <= size / 2) {
+    const Bytes start = Start(size - noise.size() - kOverhead);
+    noise.insert(noise.end(), start.begin(), start.end());
   }
   const Bytes reply = Reply(size - noise.size());
   noise.insert(noise.end(), reply.begin(), reply.end());

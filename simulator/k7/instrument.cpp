@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "simulator/framed_instrument.h"
 #include "simulator/k7/frame.h"
 #include "simulator/k7/items.h"
 #include "simulator/k7/requests.h"
@@ -45,42 +46,24 @@ std::string HexOf(const Bytes& bytes) {
   return text;
 }
 
-class K7Instrument : public Instrument {
+class K7Instrument : public FramedInstrument<RequestCollector, Bytes> {
  public:
-  K7Instrument(const Settings& settings, Clock now) : values_(settings), now_(std::move(now)) {}
-
-  std::vector<Exchange> Receive(std::span<const std::uint8_t> bytes) override {
-    std::vector<Exchange> exchanges;
-    for (const std::uint8_t byte : bytes) {
-      if (auto frame = collector_.Take(byte)) exchanges.push_back(Answer(std::move(*frame)));
-    }
-    return exchanges;
-  }
-
-  void Idle() override {
-    if (collector_.Pending() > 0) {
-      Report(fmt::format("A request broke off after {} bytes", collector_.Pending()));
-    }
-    collector_.Drop();
-  }
+  K7Instrument(const Settings& settings, Clock now)
+      : FramedInstrument(settings.report), values_(settings), now_(std::move(now)) {}
 
   std::span<const FaultKind> OwnFaults() const override { return FaultKinds(); }
 
  private:
-  void Report(const std::string& sentence) const {
-    if (values_.GetSettings().report) values_.GetSettings().report(sentence + ".");
-  }
-
-  Exchange Answer(Bytes bytes) {
+  Exchange Answer(const Bytes& bytes) override {
     complaint_.clear();
-    Exchange exchange{std::move(bytes), {}};
-    const std::optional<Frame> request = Parse(exchange.request);
+    Exchange exchange{bytes, {}};
+    const std::optional<Frame> request = Parse(bytes);
     if (!request) {
       complaint_ = "its check sum or its fifth byte is wrong";
     } else if (IsMeant(*request)) {
       if (auto data = Handle(*request)) exchange.reply = {{{}, Reply(*request, std::move(*data))}};
     }
-    if (!complaint_.empty()) Report("Request " + HexOf(exchange.request) + ": " + complaint_);
+    if (!complaint_.empty()) Report("Request " + HexOf(bytes) + ": " + complaint_);
     return exchange;
   }
 
@@ -247,7 +230,6 @@ class K7Instrument : public Instrument {
 
   Values values_;
   Clock now_;
-  RequestCollector collector_;
   std::optional<std::uint8_t> sequence_;  // of the last request
   std::string complaint_;                 // what is wrong with the request at hand
 };

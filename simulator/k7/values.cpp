@@ -7,6 +7,7 @@
 
 #include "simulator/older/plant.h"
 #include "simulator/random.h"
+#include "simulator/settings.h"
 
 namespace simulator::k7 {
 namespace {
@@ -35,12 +36,6 @@ constexpr const char* kTexts[] = {
 constexpr const char* kChanges[] = {"F009=5.0", "F003=16:05:09", "F000=0", "RESET", "F057=12"};
 constexpr const char* kEvents[] = {"POWER OFF", "POWER ON", "t1>max", "G1<min", "dt<min"};
 constexpr std::int64_t kHoursPerEntry = 29;
-
-void CheckRange(const char* what, int value, int last) {
-  if (value >= 0 && value <= last) return;
-  throw std::invalid_argument(std::string(what) + " must lie between 0 and " +
-                              std::to_string(last) + ", but is " + std::to_string(value) + ".");
-}
 
 const Model& ModelOf(const Settings& settings) {
   const Model* model = FindModel(settings.model);
@@ -94,15 +89,7 @@ void PutTimes(Row& row, std::uint32_t situation, double all) {
 }  // namespace
 
 Values::Values(const Settings& settings) : settings_(settings), model_(ModelOf(settings)) {
-  const Special& special = settings_.special;
-  CheckRange("The network number", settings_.number, 255);
-  CheckRange("The version", special.version.value_or(0), 255);
-  CheckRange("The mode code", special.modeCode.value_or(0), 255);
-  CheckRange("The units code", special.unitsCode, 255);
-  CheckRange("The count of log entries", special.logEntries, 100);
-  if (settings_.clock && !IsDate(*settings_.clock)) {
-    throw std::invalid_argument("The clock needs a date and time that exist.");
-  }
+  CheckSettings(settings_);
 }
 
 std::uint8_t Values::Version() const {

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "simulator/framed_instrument.h"
 #include "simulator/older/encoding.h"
 #include "simulator/older/frame.h"
 #include "simulator/older/model.h"
@@ -60,39 +61,20 @@ Bytes ClockBytes(const ClockTime& now) {
   return bytes;
 }
 
-class OlderInstrument : public Instrument {
+class OlderInstrument : public FramedInstrument<RequestCollector, RequestFrame> {
  public:
   OlderInstrument(const Settings& settings, Clock now)
-      : values_(settings),
+      : FramedInstrument(settings.report),
+        values_(settings),
         model_(values_.GetModel()),
         memory_(model_.memory(model_, values_)),
         number_(static_cast<std::uint8_t>(settings.number)),
         now_(std::move(now)) {}
 
-  std::vector<Exchange> Receive(std::span<const std::uint8_t> bytes) override {
-    std::vector<Exchange> exchanges;
-    for (const std::uint8_t byte : bytes) {
-      if (const auto frame = collector_.Take(byte)) exchanges.push_back(Answer(*frame));
-    }
-    return exchanges;
-  }
-
-  void Idle() override {
-    if (collector_.Pending() > 0) {
-      Report(fmt::format("A request broke off after {} bytes", collector_.Pending()));
-    }
-    collector_.Drop();
-  }
-
   std::span<const FaultKind> OwnFaults() const override { return FaultKinds(); }
 
  private:
-  void Report(const std::string& sentence) const {
-    const auto& report = values_.GetSettings().report;
-    if (report) report(sentence + ".");
-  }
-
-  Exchange Answer(const RequestFrame& frame) {
+  Exchange Answer(const RequestFrame& frame) override {
     Exchange exchange{Bytes(frame.begin(), frame.end()), {}};
     std::string sentence = FrameError(frame, number_);
     if (sentence.empty()) {
@@ -207,7 +189,6 @@ class OlderInstrument : public Instrument {
   std::unique_ptr<Memory> memory_;
   std::uint8_t number_;
   Clock now_;
-  RequestCollector collector_;
   int system_ = 1;  // of the last identification
 };
 

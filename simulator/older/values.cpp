@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "simulator/random.h"
+#include "simulator/settings.h"
 
 namespace simulator::older {
 namespace {
@@ -47,12 +48,6 @@ Moment BeginOf(Archive kind, Moment stamp) {
   return MonthBefore(stamp);
 }
 
-void CheckRange(const char* what, int value, int last) {
-  if (value >= 0 && value <= last) return;
-  throw std::invalid_argument(std::string(what) + " must lie between 0 and " +
-                              std::to_string(last) + ", but is " + std::to_string(value) + ".");
-}
-
 // The changes that the logs tell of. Up to 15 letters.
 constexpr const char* kChanges[] = {"ДО=04.09.16", "tхк=5.0", "SP=0",        "Сброс итогов",
                                     "C1=100",      "KTh=1.2", "Время +15 с", "Ёмкость бат. 97"};
@@ -80,15 +75,7 @@ double Row::Value(std::string_view column) const {
 }
 
 Values::Values(const Settings& settings) : settings_(settings), model_(FindModel(settings.model)) {
-  const Special& special = settings_.special;
-  CheckRange("The network number", settings_.number, 255);
-  CheckRange("The version", special.version.value_or(0), 255);
-  CheckRange("The mode code", special.modeCode.value_or(0), 255);
-  CheckRange("The units code", special.unitsCode, 255);
-  CheckRange("The count of log entries", special.logEntries, 100);
-  if (settings_.clock && !IsDate(*settings_.clock)) {
-    throw std::invalid_argument("The clock needs a date and time that exist.");
-  }
+  CheckSettings(settings_);
 }
 
 std::uint8_t Values::Version() const {

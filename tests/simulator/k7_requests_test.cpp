@@ -1,0 +1,172 @@
+// How the newer protocol's instruments answer requests, good and bad ones.
+#include <doctest/doctest.h>
+
+#include <optional>
+
+#include "simulator/k7/frame.h"
+#include "tests/simulator/line.h"
+
+using namespace simulator;
+using simulator::k7::Build;
+using simulator::k7::Frame;
+using simulator::k7::Parse;
+using support::Hex;
+using support::ToHex;
+
+namespace {
+
+// A long request to number 1, and the data of its reply; nothing when there is none.
+std::optional<std::string> Ask(Line& line, std::uint8_t sequence, std::uint8_t command,
+                               const std::string& data) {
+  const auto reply = Parse(line.Send(Build({true, 1, sequence, command, Hex(data)})));
+  if (!reply) return std::nullopt;
+  CHECK(reply->sequence == sequence);
+  CHECK(reply->command == command);
+  return ToHex(reply->data);
+}
+
+const std::string kDay =
+    "04 05 FF FF 00 01 01 49 08 10 09 01 00 1E 28 00 00 49 08 10 09 03 0B 00 00 00 00";
+
+}  // namespace
+
+TEST_CASE("frames byte by byte") {
+  // The CRC of a known text stands in a frame whose covered bytes end with it.
+  CHECK(ToHex(Build({true, 1, 7, 0x3F, Hex("00 00 00 00")})).substr(0, 35) ==
+        "10 01 90 07 00 05 00 3F 00 00 00 00");
+  CHECK(ToHex(Build({false, 1, 0, 0x3F, Hex("00 00 00 00")})) == "10 01 3F 00 00 00 00 BF 16");
+  Line line(FixedSettings("k7-521"));
+  const Bytes request = Build({true, 1, 1, 0x3F, Hex("00 00 00 00")});
+  CHECK(line.Send(Bytes(24, 0xFF)).empty());
+  CHECK(line.Send({request.begin(), request.end() - 1}).empty());
+  const Bytes reply = line.Send({request.back()});
+  CHECK(ToHex({reply.begin(), reply.begin() + 12}) == "10 01 90 01 00 05 00 3F 92 29 00 07");
+  CHECK(line.reports.empty());
+}
+
+TEST_CASE("what the instruments answer") {
+  Line meter(FixedSettings("k7-523"));
+  CHECK(Ask(meter, 1, 0x3F, "00 00 00 00") == "54 2B 00 03");
+  CHECK(Ask(meter, 2, 0x72, "4A 03 00 00 04 4A 03 00 01 04") == "42 04 00 09 05 0D 41 03 04 09 10");
+  CHECK(Ask(meter, 2, 0x72, "4A 03 00 40 20") == "02 04 45 23 01 00");  // asked again
+  CHECK(Ask(meter, 3, 0x72, "4A 03 01 00 04") == "02 01 00");
+  CHECK(Ask(meter, 4, 0x72, "4A 03 00 00 00") == "16 01 30");
+  CHECK(meter.reports.empty());
+
+  Line line(FixedSettings("k7-521"));
+  const auto record = Ask(line, 1, 0x61, kDay);
+  REQUIRE(record.has_value());
+  // The stamp, then a content whose length takes two bytes, its time and date.
+  CHECK(record->substr(0, 71) ==
+        "49 08 10 09 01 00 00 00 00 00 30 81 FE 42 04 00 00 00 00 41 03 "
+        "01 09 10");
+  CHECK(line.reports.empty());
+  line.now = {2016, 9, 1, 23, 59, 59};
+  CHECK(Ask(line, 2, 0x61, kDay) == "");  // that day has not ended
+}
+
+TEST_CASE("short requests are answered without data, with a byte behind") {
+  Line line(FixedSettings("k7-521"));
+  CHECK(ToHex(line.Send(Build({false, 1, 0, 0x3F, Hex("00 00 00 00")}))) == "10 01 3F BF 16 FF");
+  CHECK(line.reports.empty());
+}
+
+TEST_CASE("requests that no host should send are complained about") {
+  struct Case {
+    const char* name;
+    Bytes request;
+    bool answered;
+  };
+  const auto frame = [](std::uint8_t command, const std::string& data) {
+    return Build({true, 1, 2, command, Hex(data)});
+  };
+  const auto changed = [](Bytes bytes, std::size_t at) {
+    bytes[at] ^= 1;
+    return bytes;
+  };
+  const auto archive = [&](std::size_t at, const char* value) {
+    std::string data = kDay;
+    return frame(0x61, data.replace(3 * at, 2, value));
+  };
+  const Bytes good = frame(0x3F, "00 00 00 00");
+  for (const Case& c : {
+           Case{"a wrong CRC", changed(good, good.size() - 1), false},
+           Case{"a wrong fifth byte", changed(good, 4), false},
+           Case{"another number", Build({true, 2, 2, 0x3F, Hex("00 00 00 00")}), false},
+           Case{"an unknown command", frame(0x40, ""), false},
+           Case{"a leap of the sequence", Build({true, 1, 9, 0x3F, Hex("00 00 00 00")}), true},
+           Case{"an identification with data", frame(0x3F, "00 01 00 00"), true},
+           Case{"a cut reference", frame(0x72, "4A 03 00 00"), false},
+           Case{"another tag", frame(0x72, "4B 03 00 00 00"), false},
+           Case{"no such parameter", frame(0x72, "4A 03 00 70 00"), true},
+           Case{"no such channel", frame(0x72, "4A 03 03 00 00"), true},
+           Case{"no such system", archive(4, "01"), false},
+           Case{"no such archive", archive(5, "02"), false},
+           Case{"another selector", archive(6, "E8"), false},
+           Case{"a date that does not exist", archive(10, "0D"), false},
+           Case{"the end's own minute", archive(23, "1E"), false},
+           Case{"an archive request cut short", frame(0x61, kDay.substr(0, 77)), false},
+       }) {
+    CAPTURE(std::string(c.name));
+    Line line(FixedSettings("k7-521"));
+    CHECK(Ask(line, 1, 0x3F, "00 00 00 00").has_value());
+    CHECK(line.reports.empty());
+    CHECK(line.Send(c.request).empty() != c.answered);
+    CHECK(line.reports.size() == 1);
+  }
+}
+
+TEST_CASE("a wake-up run starts the sequence numbers anew; a silence drops what was begun") {
+  Line line(FixedSettings("k7-521"));
+  CHECK(Ask(line, 200, 0x3F, "00 00 00 00").has_value());
+  line.Send(Bytes(24, 0xFF));
+  CHECK(Ask(line, 1, 0x3F, "00 00 00 00").has_value());
+  CHECK(line.reports.empty());
+  line.Send(Hex("10 01 90"));
+  line.GetInstrument().Idle();
+  CHECK(line.reports.size() == 1);
+  CHECK(Ask(line, 2, 0x3F, "00 00 00 00").has_value());
+}
+
+TEST_CASE("each K7 fault changes what it says") {
+  struct Case {
+    const char* fault;
+    std::uint8_t command;  // of the request that shows it
+    std::function<bool(const Bytes& clean, const Bytes& reply)> shows;
+  };
+  const auto data = [](const Bytes& reply) { return Parse(reply).value_or(Frame{}).data; };
+  const auto ends = [](const Bytes& clean, const Bytes& reply) {
+    return reply.size() > clean.size() && std::equal(clean.rbegin(), clean.rend(), reply.rbegin());
+  };
+  for (const Case& c : {
+           Case{"wrong-sequence", 0x3F,
+                [](const Bytes&, const Bytes&r) { return Parse(r) && Parse(r)->sequence == 2; }},
+           Case{"other-command", 0x3F,
+                [](const Bytes&, const Bytes&r) { return Parse(r) && Parse(r)->command == 0x7F; }},
+           Case{"echo", 0x3F, ends},
+           Case{"false-starts", 0x3F, ends},
+           Case{"empty-reply", 0x61,
+                [&](const Bytes&, const Bytes&r) { return Parse(r) && data(r).empty(); }},
+           Case{"several-records", 0x61,
+                [&](const Bytes&a, const Bytes&r) { return data(r).size() == 2 * data(a).size(); }},
+           Case{"unknown-items", 0x61,
+                [&](const Bytes&a, const Bytes&r) {
+                  return data(r).size() > data(a).size() && data(r).at(0) == 5;
+                }},
+           Case{"stamp-alone", 0x61,
+                [&](const Bytes&, const Bytes&r) { return data(r).size() == 12; }},
+           Case{"past-end", 0x61,
+                [&](const Bytes&a, const Bytes&r) {
+                  return data(r).size() == data(a).size() && data(r) != data(a);
+                }},
+       }) {
+    CAPTURE(std::string(c.fault));
+    Settings settings = FixedSettings("k7-521");
+    Line sound(settings);
+    settings.faults = {{c.fault, 1}};
+    Line faulty(settings);
+    const Bytes request =
+        Build({true, 1, 1, c.command, Hex(c.command == 0x61 ? kDay : "00 00 00 00")});
+    CHECK(c.shows(sound.Send(request), faulty.Send(request)));
+  }
+}
