@@ -40,6 +40,8 @@ show() {
 }
 
 show 521 older out/demo-521 --from "2016-02-28 00:00" --to "2016-03-02 11:00"
+show 523 older out/demo-523 --from "2016-02-29 20:00" --to "2016-03-01 03:00" --rows 6
+show k7-521 k7 out/demo-k7-521 --from "2016-02-29 20:00" --to "2016-03-01 03:00" --rows 6
 
 echo
 echo "The readings are in out/. Try: $irvela read --simulate 521 -v"
