@@ -5,8 +5,8 @@
 #include <thread>
 
 #include "host/cli/commands.h"
-#include "host/cli/console.h"
 #include "host/cli/exit_codes.h"
+#include "host/system/console.h"
 
 namespace host {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "host/cli/console.h"
+#include "host/system/console.h"
 
 namespace host {
 namespace {

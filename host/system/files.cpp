@@ -1,9 +1,11 @@
-#include "host/files.h"
+#include "host/system/files.h"
 
 #include <fmt/format.h>
 
 #include <cerrno>
 #include <system_error>
+
+#include "host/system/console.h"
 
 namespace host {
 
@@ -19,7 +21,7 @@ std::string PathText(const std::filesystem::path& path) {
 std::runtime_error FileError(const char* action, const std::filesystem::path& path) {
   const int reason = errno;
   return std::runtime_error(fmt::format("cannot {} {}: {}", action, PathText(path),
-                                        std::generic_category().message(reason)));
+                                        ErrorText({reason, std::generic_category()})));
 }
 
 }  // namespace host
