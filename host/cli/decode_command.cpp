@@ -25,9 +25,8 @@ int Decode(const DecodeOptions& options) {
   Decoder decoder(broadcast);
   for (const Bytes& piece : raw.pieces) decoder.Take(piece);
   decoder.Finish();
-  fmt::print("{}", ShowSections(keeper.Sections(),
-                                {options.display.format, options.display.rows, "", ""}));
-  std::fflush(stdout);
+  WriteStandardOutput(
+      ShowSections(keeper.Sections(), {options.display.format, options.display.rows, "", ""}));
   if (decoder.Ignored() > 0) {
     fmt::print(stderr, "irvela: {} of the stream made no sense\n",
                CountOf(decoder.Ignored(), "piece"));

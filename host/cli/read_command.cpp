@@ -104,8 +104,7 @@ void ShowResult(const ReadOptions& options, const SectionKeeper& kept, const Rea
   const std::string text = ShowSections(
       kept.Sections(),
       {options.display.format, options.display.rows, EndingName(end.ending), end.reason});
-  std::fwrite(text.data(), 1, text.size(), stdout);
-  std::fflush(stdout);
+  WriteStandardOutput(text);
 }
 
 int Report(const ReadOptions& options, const ReadingEnd& end, const Broadcast& told,

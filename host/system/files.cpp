@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <system_error>
 
 #include "host/system/console.h"
@@ -22,6 +23,11 @@ std::runtime_error FileError(const char* action, const std::filesystem::path& pa
   const int reason = errno;
   return std::runtime_error(fmt::format("cannot {} {}: {}", action, PathText(path),
                                         ErrorText({reason, std::generic_category()})));
+}
+
+void WriteStandardOutput(const std::string& text) {
+  const bool whole = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+  if (!whole || std::fflush(stdout) != 0) throw FileError("write", "the standard output");
 }
 
 }  // namespace host
