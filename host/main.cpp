@@ -1,5 +1,5 @@
 #include "host/cli/commands.h"
-#include "host/cli/console.h"
+#include "host/system/console.h"
 
 int main(int argc, char** argv) {
   host::SetUpConsole();

@@ -5,12 +5,13 @@
 
 #include "host/cli/commands.h"
 #include "host/cli/exit_codes.h"
-#include "host/files.h"
 #include "host/output/csv_folder.h"
 #include "host/output/show.h"
+#include "host/output/table.h"
 #include "host/reading/receiver.h"
 #include "host/stream/decoder.h"
 #include "host/stream/raw_file.h"
+#include "host/system/files.h"
 
 namespace host {
 
@@ -24,12 +25,11 @@ int Decode(const DecodeOptions& options) {
   Decoder decoder(broadcast);
   for (const Bytes& piece : raw.pieces) decoder.Take(piece);
   decoder.Finish();
-  fmt::print("{}", ShowSections(keeper.Sections(),
-                                {options.display.format, options.display.rows, "", ""}));
-  std::fflush(stdout);
+  WriteStandardOutput(
+      ShowSections(keeper.Sections(), {options.display.format, options.display.rows, "", ""}));
   if (decoder.Ignored() > 0) {
-    fmt::print(stderr, "irvela: {} pieces of the stream made no sense and were left out\n",
-               decoder.Ignored());
+    fmt::print(stderr, "irvela: {} of the stream made no sense\n",
+               CountOf(decoder.Ignored(), "piece"));
   }
   if (raw.trouble.empty()) return kRead;
   fmt::print(stderr, "irvela: {}\n", raw.trouble);

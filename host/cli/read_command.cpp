@@ -5,16 +5,17 @@
 #include <optional>
 
 #include "host/cli/commands.h"
-#include "host/cli/console.h"
 #include "host/cli/exit_codes.h"
-#include "host/files.h"
 #include "host/line/serial_port.h"
 #include "host/line/tcp_port.h"
 #include "host/output/csv_folder.h"
 #include "host/output/follow_printer.h"
 #include "host/output/show.h"
+#include "host/output/table.h"
 #include "host/reading/driver_library.h"
 #include "host/reading/reading.h"
+#include "host/system/console.h"
+#include "host/system/files.h"
 
 namespace host {
 namespace {
@@ -103,19 +104,17 @@ void ShowResult(const ReadOptions& options, const SectionKeeper& kept, const Rea
   const std::string text = ShowSections(
       kept.Sections(),
       {options.display.format, options.display.rows, EndingName(end.ending), end.reason});
-  std::fwrite(text.data(), 1, text.size(), stdout);
-  std::fflush(stdout);
+  WriteStandardOutput(text);
 }
 
 int Report(const ReadOptions& options, const ReadingEnd& end, const Broadcast& told,
            std::size_t ignored) {
   if (ignored > 0) {
-    fmt::print(stderr, "irvela: {} pieces of the stream made no sense and were left out\n",
-               ignored);
+    fmt::print(stderr, "irvela: {} of the stream made no sense\n", CountOf(ignored, "piece"));
   }
   const std::string where = options.out.empty() ? "" : ", kept in " + options.out;
-  const std::string read =
-      fmt::format("{} sections with {} rows{}", told.Sections(), told.Rows(), where);
+  const std::string read = fmt::format("{} with {}{}", CountOf(told.Sections(), "section"),
+                                       CountOf(told.Rows(), "row"), where);
   switch (end.ending) {
     case Ending::kRead:
       fmt::print(stderr, "irvela: read {}\n", read);

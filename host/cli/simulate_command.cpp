@@ -5,8 +5,9 @@
 #include <thread>
 
 #include "host/cli/commands.h"
-#include "host/cli/console.h"
 #include "host/cli/exit_codes.h"
+#include "host/system/console.h"
+#include "host/system/files.h"
 
 namespace host {
 
@@ -16,9 +17,8 @@ int Simulate(const SimulateOptions& options) {
   CountInterrupts();
   const auto served = options.tcp ? simulator::ServeTcp(settings, options.port)
                                   : simulator::ServePty(settings, options.pty);
-  fmt::print("model {} number {} answers at {}\n", settings.model, settings.number,
-             served->Address());
-  std::fflush(stdout);
+  WriteStandardOutput(fmt::format("model {} number {} answers at {}\n", settings.model,
+                                  settings.number, served->Address()));
   while (!Interrupted()) std::this_thread::sleep_for(std::chrono::milliseconds(100));
   return kRead;
 }

@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "host/line/line_port.h"
+#include "host/system/console.h"
 
 namespace host {
 
@@ -28,8 +29,8 @@ class AsioPort : public LinePort {
   int Write(const void* data, unsigned length) final;
 
  protected:
-  // name: what messages call the line.
-  explicit AsioPort(std::string name) : name_(std::move(name)) {}
+  // name: what messages call the line; closed: what they say when its other end is gone.
+  AsioPort(std::string name, const char* closed) : name_(std::move(name)), closed_(closed) {}
 
   const std::string& Name() const { return name_; }
   asio::io_context& Context() { return context_; }
@@ -55,8 +56,10 @@ class AsioPort : public LinePort {
   bool Receive(Clock::time_point deadline);
   std::size_t Received() const { return end_ - begin_; }
   void DropReceived();
+  void Lose(const asio::error_code& error);
 
   std::string name_;
+  const char* closed_;
   asio::io_context context_;
   Stream stream_{context_};
   asio::steady_timer timer_{context_};
@@ -88,6 +91,11 @@ typename AsioPort<Stream>::Outcome AsioPort<Stream>::Within(std::chrono::millise
 }
 
 template <class Stream>
+void AsioPort<Stream>::Lose(const asio::error_code& error) {
+  LinePort::Lose(name_ + ": " + (error == asio::error::eof ? closed_ : ErrorText(error)));
+}
+
+template <class Stream>
 bool AsioPort<Stream>::Receive(Clock::time_point deadline) {
   if (begin_ == end_) begin_ = end_ = 0;
   buffer_.resize(end_ + kChunk);
@@ -97,9 +105,7 @@ bool AsioPort<Stream>::Receive(Clock::time_point deadline) {
   });
   end_ += outcome.count;
   if (outcome.error && outcome.error != asio::error::operation_aborted) {
-    Lose(name_ + ": " +
-         (outcome.error == asio::error::eof ? "the other end closed the connection"
-                                            : outcome.error.message()));
+    Lose(outcome.error);
   }
   return outcome.count > 0;
 }
@@ -154,7 +160,7 @@ int AsioPort<Stream>::Write(const void* data, unsigned length) {
     asio::async_write(stream_, asio::buffer(data, length), handler);
   });
   if (outcome.error && outcome.error != asio::error::operation_aborted) {
-    Lose(name_ + ": " + outcome.error.message());
+    Lose(outcome.error);
   }
   return static_cast<int>(outcome.count);
 }

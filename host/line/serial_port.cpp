@@ -39,12 +39,12 @@ std::runtime_error OpenError(const std::string& device, const asio::error_code& 
   const auto devices = ListDevices();
   const std::string others =
       devices.empty() ? "" : fmt::format(" (serial lines here: {})", fmt::join(devices, ", "));
-  return std::runtime_error(fmt::format("cannot open {}: {}{}", device, error.message(), others));
+  return std::runtime_error(fmt::format("cannot open {}: {}{}", device, ErrorText(error), others));
 }
 
 }  // namespace
 
-SerialPort::SerialPort(const std::string& device) : AsioPort(device) {
+SerialPort::SerialPort(const std::string& device) : AsioPort(device, "the device is gone") {
   asio::error_code error;
   Line().open(device, error);
   if (error) throw OpenError(device, error);
@@ -66,7 +66,7 @@ bool SerialPort::SetLine(int /*unknown1*/, int /*unknown0*/, int baud, int dataB
   set(asio::serial_port_base::flow_control(asio::serial_port_base::flow_control::none));
   if (error) {
     Note(fmt::format("{} cannot be set to {} bit/s with {} data bits: {}", Name(), baud, dataBits,
-                     error.message()));
+                     ErrorText(error)));
   }
   return !error;
 }

@@ -12,9 +12,9 @@ using asio::ip::tcp;
 constexpr std::chrono::seconds kConnectLimit{5};
 
 std::runtime_error ConnectError(const std::string& name, const asio::error_code& error) {
-  return std::runtime_error(
-      fmt::format("cannot connect to {}: {}", name,
-                  error == asio::error::operation_aborted ? "no answer in time" : error.message()));
+  return std::runtime_error(fmt::format(
+      "cannot connect to {}: {}", name,
+      error == asio::error::operation_aborted ? "no answer in time" : ErrorText(error)));
 }
 
 bool IsPortNumber(const std::string& text) {
@@ -39,7 +39,8 @@ TcpAddress ParseTcpAddress(const std::string& text) {
   return address;
 }
 
-TcpPort::TcpPort(const TcpAddress& address) : AsioPort(address.host + ":" + address.port) {
+TcpPort::TcpPort(const TcpAddress& address)
+    : AsioPort(address.host + ":" + address.port, "the gateway closed the connection") {
   asio::error_code error;
   const auto endpoints = tcp::resolver(Context()).resolve(address.host, address.port, error);
   if (error) throw ConnectError(Name(), error);

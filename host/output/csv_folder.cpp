@@ -4,10 +4,10 @@
 
 #include <utility>
 
-#include "host/files.h"
 #include "host/output/csv.h"
 #include "host/stream/cell.h"
 #include "host/stream/code_page.h"
+#include "host/system/files.h"
 
 namespace host {
 namespace {

@@ -65,18 +65,25 @@ void FollowPrinter::Begin(const Section& section) {
   print_((first ? "" : "\n") + above + columns);
 }
 
-void FollowPrinter::AddRow(const Section& section, ByteView row) {
+std::string FollowPrinter::LineOf(const Section& section, ByteView row) const {
+  std::string line;
   switch (format_) {
     case Format::kTable:
-      return print_(TableLine(section, row));
+      return TableLine(section, row);
     case Format::kJson:
-      return print_(JsonLine(section, row));
-    case Format::kCsv: {
-      std::string line;
+      return JsonLine(section, row);
+    case Format::kCsv:
       AppendCsvRow(line, section, row);
-      return print_(line);
-    }
+      break;
   }
+  return line;
+}
+
+void FollowPrinter::AddRow(const Section& section, ByteView row) {
+  std::string line = LineOf(section, row);
+  if (line == lastLine_) return;
+  print_(line);
+  lastLine_ = std::move(line);
 }
 
 }  // namespace host

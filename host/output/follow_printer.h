@@ -3,12 +3,16 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "host/output/format.h"
 #include "host/stream/section.h"
 
 namespace host {
 
+// A row that says the same as the one before it, clock included, is not shown again: an instrument
+// may be read twice within a second.
+//
 // table and csv: a heading whenever another section comes, then a line per row. json: an object per
 // line, with its section under "kind" and "section".
 class FollowPrinter final : public SectionListener {
@@ -23,7 +27,10 @@ class FollowPrinter final : public SectionListener {
  private:
   Format format_;
   Print print_;
+  std::string LineOf(const Section& section, ByteView row) const;
+
   std::string lastHeading_;
+  std::string lastLine_;
 };
 
 }  // namespace host

@@ -5,7 +5,8 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "host/cli/console.h"
+#include "host/system/console.h"
+#include "host/system/files.h"
 
 namespace host {
 namespace {
@@ -18,9 +19,9 @@ std::string Bar(int percent) {
   return std::string(filled, '#') + std::string(kBarWidth - filled, '.');
 }
 
-void Write(std::FILE* file, const std::string& text) {
-  std::fwrite(text.data(), 1, text.size(), file);
-  std::fflush(file);
+void Write(const std::string& text) {
+  std::fwrite(text.data(), 1, text.size(), stderr);
+  std::fflush(stderr);
 }
 
 }  // namespace
@@ -44,12 +45,12 @@ void Progress::Update(int percent, const std::string& step) {
 
 void Progress::Draw() {
   Erase();
-  Write(stderr, fmt::format("[{}] {:3} %  {}", Bar(percent_), percent_, step_));
+  Write(fmt::format("[{}] {:3} %  {}", Bar(percent_), percent_, step_));
   drawn_ = true;
 }
 
 void Progress::Erase() {
-  if (drawn_) Write(stderr, "\r\x1b[K");
+  if (drawn_) Write("\r\x1b[K");
   drawn_ = false;
 }
 
@@ -60,20 +61,20 @@ void Progress::Announce() {
   if (subject == announcedStep_ && !further) return;
   announcedStep_ = subject;
   announcedPercent_ = percent_ - percent_ % kAnnouncedEvery;
-  Write(stderr, fmt::format("{:3} %  {}\n", percent_, step_));
+  Write(fmt::format("{:3} %  {}\n", percent_, step_));
 }
 
 void Progress::Print(const std::string& line) {
   const std::lock_guard lock(mutex_);
   Erase();
-  Write(stderr, line + '\n');
+  Write(line + '\n');
   if (terminal_ && !step_.empty()) Draw();
 }
 
 void Progress::PrintResult(const std::string& text) {
   const std::lock_guard lock(mutex_);
   Erase();
-  Write(stdout, text);
+  WriteStandardOutput(text);
 }
 
 void Progress::Clear() {

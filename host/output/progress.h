@@ -20,6 +20,7 @@ class Progress {
   // Prints a line above the bar. Safe from any thread.
   void Print(const std::string& line);
   // Writes to the standard output without leaving a piece of the bar in it. Safe from any thread.
+  // Throws std::runtime_error when it cannot be written.
   void PrintResult(const std::string& text);
   // Takes the bar away.
   void Clear();

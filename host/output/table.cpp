@@ -106,6 +106,10 @@ std::size_t DisplayWidth(const std::string& utf8) {
   }));
 }
 
+std::string CountOf(std::size_t count, const char* what) {
+  return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
+}
+
 std::string PadRight(const std::string& text, std::size_t width) {
   return text + std::string(width - std::min(width, DisplayWidth(text)), ' ');
 }
@@ -124,7 +128,7 @@ std::string SectionHeading(const Section& section) {
 std::string FormatTable(const KeptSection& kept, std::size_t maxRows) {
   std::string text = SectionHeading(kept.section);
   if (IsList(kept)) return text + '\n' + FormatList(kept.section, kept.rows.front());
-  text += fmt::format(" ({} {})\n", kept.rows.size(), kept.rows.size() == 1 ? "row" : "rows");
+  text += " (" + CountOf(kept.rows.size(), "row") + ")\n";
   return kept.rows.empty() ? text : text + FormatRows(kept, maxRows);
 }
 

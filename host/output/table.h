@@ -15,6 +15,9 @@ std::string SectionHeading(const Section& section);
 // all.
 std::string FormatTable(const KeptSection& kept, std::size_t maxRows);
 
+// "1 row", "2 rows".
+std::string CountOf(std::size_t count, const char* what);
+
 // Characters on the screen of a UTF-8 text.
 std::size_t DisplayWidth(const std::string& utf8);
 

@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #if defined(_WIN32)
-#include "host/files.h"
+#include "host/system/files.h"
 #endif
 
 namespace host {

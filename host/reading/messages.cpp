@@ -57,7 +57,10 @@ bool Contains(std::string_view text, std::string_view part) {
 
 // The database read of model 521 counts its codes from 10 higher, so that they cannot be told from
 // the refusals.
-std::string_view CodeMeaning(const Message& message) {
+std::string_view Meaning(const Message& message) {
+  if (message.subject == "Error Version") {
+    return message.detail == "Read 0" ? "no reply" : "the instrument did not identify itself";
+  }
   if (message.subject == "PoitkaReadBD" || message.subject == "BD") return {};
   const std::string_view detail = message.detail;
   const std::string_view digits = detail.substr(detail.find_last_of(' ') + 1);
@@ -80,6 +83,8 @@ std::optional<bool> ReadingResult(const Message& message) {
 
 std::optional<std::string> StepName(const Message& message) {
   if (message.detail == "...") return message.subject;
+  if (message.subject == "Start Opros" && message.detail != "Error Init")
+    return "opening the session";
   if (message.subject == "Nonstop") return "continuous reading";
   if (!message.detail.starts_with(kStart)) return std::nullopt;
   // "Start Read ТВ1" / "Mon", or "Start Read" / "Month ОВ".
@@ -100,6 +105,8 @@ std::optional<std::string> RecordDate(const Message& message) {
 
 bool IsError(const Message& message) {
   if (message.detail == "ошибка") return true;
+  // Sums up the attempts that have told more.
+  if (message.detail == "Error Init") return false;
   for (const std::string_view text :
        {std::string_view(message.detail), std::string_view(message.subject)}) {
     if (Contains(text, "Error") || Contains(text, "error") || Contains(text, "not found")) {
@@ -113,7 +120,7 @@ bool IsError(const Message& message) {
 
 std::string Describe(const Message& message) {
   std::string text = message.subject + ": " + message.detail;
-  const std::string_view meaning = CodeMeaning(message);
+  const std::string_view meaning = Meaning(message);
   if (!meaning.empty()) text += " (" + std::string(meaning) + ")";
   return text;
 }

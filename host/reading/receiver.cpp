@@ -27,7 +27,7 @@ bool Receiver::Message(const char* text1, const char* text2, unsigned /*code*/) 
     Learn(message);
     const bool hasText = !message.detail.empty() || !message.subject.empty();
     if (verbose_ && hasText) progress_.Print(Describe(message));
-    if (Status().refusal.empty()) {
+    if (!refused_) {
       decoder_.Pause();
       if (raw_ != nullptr) raw_->Flush();
     }
@@ -57,7 +57,7 @@ void Receiver::Learn(const host::Message& message) {
 
 bool Receiver::Write(const void* data, unsigned length) {
   try {
-    if (!Status().refusal.empty()) return false;
+    if (refused_) return false;
     const ByteView piece(static_cast<const unsigned char*>(data), length);
     if (raw_ != nullptr) raw_->Append(piece);
     decoder_.Take(piece);
@@ -71,6 +71,7 @@ bool Receiver::Write(const void* data, unsigned length) {
 void Receiver::Refuse(const std::string& reason) {
   const std::lock_guard lock(mutex_);
   if (status_.refusal.empty()) status_.refusal = reason;
+  refused_ = true;
 }
 
 ReceiverStatus Receiver::Status() const {
@@ -84,7 +85,7 @@ bool Receiver::WaitForEnd(std::chrono::milliseconds limit) {
 }
 
 std::size_t Receiver::Finish() {
-  if (Status().refusal.empty()) {
+  if (!refused_) {
     decoder_.Finish();
     if (raw_ != nullptr) raw_->Flush();
   }

@@ -2,6 +2,7 @@
 // tell about the reading.
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -67,6 +68,7 @@ class Receiver final : public HostStream {
   RawFileWriter* raw_;
   Progress& progress_;
   bool verbose_;
+  std::atomic<bool> refused_ = false;
   mutable std::mutex mutex_;
   std::condition_variable ended_;
   ReceiverStatus status_;

@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "host/files.h"
+#include "host/system/files.h"
 
 namespace host {
 namespace {

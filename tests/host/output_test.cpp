@@ -108,7 +108,7 @@ TEST_CASE("a folder gets a file per section, and sections that come again go on 
 
 TEST_CASE("rows that are followed get a heading when their section changes") {
   StreamWriter stream;
-  AddHours(AddCurrent(AddCurrent(stream, 1, 1), 2, 2), 1);
+  AddHours(AddCurrent(AddCurrent(AddCurrent(stream, 1, 1), 2, 2), 2, 2), 1);
   struct Case {
     host::Format format;
     const char* text;

@@ -96,34 +96,34 @@ std::string ReadText(host::LinePort& port, unsigned limit, unsigned count) {
   return text;
 }
 
-void CheckLine(FarEnd& far) {
-  const auto port = far.Open();
+void CheckLine(FarEnd& end) {
+  const auto port = end.Open();
   REQUIRE(port->SetLine(1, 0, 2400, 8, 2, 0));
   REQUIRE(port->SetTimeouts(5000, 0, 5000, 100, 1000));
   REQUIRE(port->Control(5));
 
   CHECK(port->Write("request", 7) == 7);
-  CHECK(far.Receive(7) == "request");
+  CHECK(end.Receive(7) == "request");
 
-  far.Send(std::string("ab\0\x11\x13\xFF\n", 7));
+  end.Send(std::string("ab\0\x11\x13\xFF\n", 7));
   CHECK(ReadText(*port, kLongWait, 2) == "ab");
   CHECK(ReadText(*port, kLongWait, 5) == std::string("\0\x11\x13\xFF\n", 5));
 
   CHECK(ReadText(*port, kShortWait, 1).empty());
-  far.Send("cut");
+  end.Send("cut");
   CHECK(ReadText(*port, 300, 5) == "cut");
   CHECK(ReadText(*port, kLongWait, 0).empty());
 
-  far.Send("xstale");
+  end.Send("xstale");
   CHECK(ReadText(*port, kLongWait, 1) == "x");
   CHECK(port->Control(3));
-  far.Send("fresh");
+  end.Send("fresh");
   CHECK(ReadText(*port, kLongWait, 5) == "fresh");
   CHECK(!port->Lost());
 
-  far.Send("last");
+  end.Send("last");
   CHECK(ReadText(*port, kLongWait, 1) == "l");
-  far.Close();
+  end.Close();
   CHECK(ReadText(*port, kLongWait, 3) == "ast");
   CHECK(ReadText(*port, kLongWait, 1).empty());
   CHECK(port->Lost());

@@ -5,12 +5,13 @@
 #include <shellapi.h>
 // clang-format on
 
+#include <algorithm>
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
 
-#include "host/cli/console.h"
 #include "host/cli/exit_codes.h"
+#include "host/system/console.h"
 
 namespace host {
 namespace {
@@ -47,11 +48,20 @@ void SetUpConsole() {
 std::vector<std::string> Arguments(int argc, char** argv) {
   int count = 0;
   wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
-  if (wide == nullptr) return {argv + 1, argv + argc};
+  if (wide == nullptr) return {argv + std::min(1, argc), argv + argc};
   std::vector<std::string> arguments;
   for (int i = 1; i < count; ++i) arguments.push_back(Utf8Of(wide[i]));
   LocalFree(wide);
   return arguments;
+}
+
+// The system's messages come in its code page and end with a full stop.
+std::string ErrorText(const std::error_code& error) {
+  std::string text = error.message();
+  text.erase(text.find_last_not_of(". \r\n") + 1);
+  std::wstring wide(text.size() + 1, L'\0');
+  MultiByteToWideChar(CP_ACP, 0, text.c_str(), -1, wide.data(), static_cast<int>(wide.size()));
+  return Utf8Of(wide.c_str());
 }
 
 bool ErrorIsTerminal() { return _isatty(_fileno(stderr)) != 0; }

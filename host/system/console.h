@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace host {
@@ -11,6 +12,9 @@ void SetUpConsole();
 
 // The arguments without the program's name, in UTF-8.
 std::vector<std::string> Arguments(int argc, char** argv);
+
+// The system's words for an error, in UTF-8 and without a full stop.
+std::string ErrorText(const std::error_code& error);
 
 // Whether a progress bar can be drawn on the standard error.
 bool ErrorIsTerminal();

@@ -13,4 +13,7 @@ std::string PathText(const std::filesystem::path& path);
 // "cannot write x.csv: No space left on device", with the reason that the last call left.
 std::runtime_error FileError(const char* action, const std::filesystem::path& path);
 
+// All of it, at once. Throws std::runtime_error when it cannot be written.
+void WriteStandardOutput(const std::string& text);
+
 }  // namespace host

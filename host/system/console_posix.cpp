@@ -1,11 +1,12 @@
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <csignal>
 #include <cstdlib>
 
-#include "host/cli/console.h"
 #include "host/cli/exit_codes.h"
+#include "host/system/console.h"
 
 namespace host {
 namespace {
@@ -21,7 +22,11 @@ void OnSignal(int) {
 
 void SetUpConsole() {}
 
-std::vector<std::string> Arguments(int argc, char** argv) { return {argv + 1, argv + argc}; }
+std::vector<std::string> Arguments(int argc, char** argv) {
+  return {argv + std::min(1, argc), argv + argc};
+}
+
+std::string ErrorText(const std::error_code& error) { return error.message(); }
 
 bool ErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
 

@@ -1,9 +1,12 @@
-#include "host/files.h"
+#include "host/system/files.h"
 
 #include <fmt/format.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <system_error>
+
+#include "host/system/console.h"
 
 namespace host {
 
@@ -19,7 +22,12 @@ std::string PathText(const std::filesystem::path& path) {
 std::runtime_error FileError(const char* action, const std::filesystem::path& path) {
   const int reason = errno;
   return std::runtime_error(fmt::format("cannot {} {}: {}", action, PathText(path),
-                                        std::generic_category().message(reason)));
+                                        ErrorText({reason, std::generic_category()})));
+}
+
+void WriteStandardOutput(const std::string& text) {
+  const bool whole = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+  if (!whole || std::fflush(stdout) != 0) throw FileError("write", "the standard output");
 }
 
 }  // namespace host
