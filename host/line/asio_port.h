@@ -40,6 +40,9 @@ class AsioPort : public LinePort {
     asio::error_code error;  // operation_aborted: the time was over
     std::size_t count = 0;
   };
+  // bit/s at which the line carries what is written.
+  void SetSpeed(int baud) { baud_ = baud; }
+
   // start is called with the handler of an operation on Line().
   template <class Start>
   Outcome Within(std::chrono::milliseconds limit, Start start);
@@ -57,12 +60,15 @@ class AsioPort : public LinePort {
   std::size_t Received() const { return end_ - begin_; }
   void DropReceived();
   void Lose(const asio::error_code& error);
+  void AddSent(std::size_t count);
 
   std::string name_;
   const char* closed_;
   asio::io_context context_;
   Stream stream_{context_};
   asio::steady_timer timer_{context_};
+  int baud_ = 0;                   // 0: not known
+  Clock::time_point sentAt_;       // when the last byte written has left a line of this speed
   unsigned writePerByte_ = 100;    // ms
   unsigned writeConstant_ = 1000;  // ms
   // Received and not yet asked for: buffer_[begin_] to buffer_[end_ - 1].
@@ -140,7 +146,9 @@ int AsioPort<Stream>::Read(unsigned timeoutMs, unsigned count, void* destination
   // A wait that takes nothing: the driver makes it after waking the instrument, pauses by itself
   // afterwards and drops what came in before its request, so there is nothing to wait for.
   if (count == 0) return 0;
-  const auto deadline = Clock::now() + std::chrono::milliseconds(timeoutMs);
+  // A long request is still on its way when the system has taken all of it: the instrument's time
+  // begins when it has the whole of it.
+  const auto deadline = std::max(Clock::now(), sentAt_) + std::chrono::milliseconds(timeoutMs);
   while (Received() < count && !Lost() && Receive(deadline)) {
   }
   const std::size_t taken = std::min<std::size_t>(count, Received());
@@ -162,7 +170,17 @@ int AsioPort<Stream>::Write(const void* data, unsigned length) {
   if (outcome.error && outcome.error != asio::error::operation_aborted) {
     Lose(outcome.error);
   }
+  AddSent(outcome.count);
   return static_cast<int>(outcome.count);
+}
+
+template <class Stream>
+void AsioPort<Stream>::AddSent(std::size_t count) {
+  constexpr std::uint64_t kBitsPerByte = 11;
+  if (baud_ <= 0) return;
+  const std::chrono::microseconds onTheWay(count * kBitsPerByte * 1'000'000 /
+                                           static_cast<std::uint64_t>(baud_));
+  sentAt_ = std::max(Clock::now(), sentAt_) + onTheWay;
 }
 
 }  // namespace host

@@ -55,6 +55,7 @@ SerialPort::~SerialPort() { Release(Line().native_handle()); }
 
 bool SerialPort::SetLine(int /*unknown1*/, int /*unknown0*/, int baud, int dataBits, int parity,
                          int stopBits) {
+  SetSpeed(baud);
   asio::error_code error;
   const auto set = [&](const auto& option) {
     if (!error) Line().set_option(option, error);

@@ -21,7 +21,11 @@ class TcpPort final : public AsioPort<asio::ip::tcp::socket> {
   // Throws std::runtime_error with one sentence when there is no connection within five seconds.
   explicit TcpPort(const TcpAddress& address);
 
-  bool SetLine(int, int, int, int, int, int) override { return true; }
+  // The gateway's own settings decide; the speed tells how long a request is on its way.
+  bool SetLine(int, int, int baud, int, int, int) override {
+    SetSpeed(baud);
+    return true;
+  }
 };
 
 }  // namespace host
