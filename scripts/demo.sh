@@ -22,26 +22,26 @@ stop_simulator() {
 }
 trap stop_simulator EXIT
 
-# show MODEL KIND FOLDER OPTIONS...: simulates the model and reads it over the line.
+# show MODEL KIND SPEED OPTIONS...: simulates the model on a line of this speed and reads it.
 show() {
-  local model=$1 kind=$2 folder=$3
+  local model=$1 kind=$2 speed=$3 folder=out/demo-$1
   shift 3
   rm -rf "$folder"
   echo
-  echo "== Model $model, simulated on a line of 2400 bit/s"
-  "$irvela" simulate "$model" --pty "$line" --line-speed 2400 --clock "2016-03-02 12:10:00" &
+  echo "== Model $model, simulated on a line of $speed bit/s"
+  "$irvela" simulate "$model" --pty "$line" --line-speed "$speed" --clock "2016-03-02 12:10:00" &
   simulator=$!
   until [ -e "$line" ]; do sleep 0.1; done
-  echo "\$ $irvela read --port $line --kind $kind $* --out $folder"
-  "$irvela" read --port "$line" --kind "$kind" "$@" --out "$folder"
+  echo "\$ $irvela read --port $line --kind $kind --baud $speed $* --out $folder"
+  "$irvela" read --port "$line" --kind "$kind" --baud "$speed" "$@" --out "$folder"
   stop_simulator
   echo "CSV files:"
   printf '  %s\n' "$folder"/*.csv
 }
 
-show 521 older out/demo-521 --from "2016-02-28 00:00" --to "2016-03-02 11:00"
-show 523 older out/demo-523 --from "2016-02-29 20:00" --to "2016-03-01 03:00" --rows 6
-show k7-521 k7 out/demo-k7-521 --from "2016-02-29 20:00" --to "2016-03-01 03:00" --rows 6
+show 521 older 2400 --from 2016-02-28T00:00 --to 2016-03-02T11:00
+show 523 older 2400 --from 2016-02-29T20:00 --to 2016-03-01T01:00 --rows 6
+show k7-521 k7 9600 --from 2016-02-29T20:00 --to 2016-03-01T03:00 --rows 6
 
 echo
 echo "The readings are in out/. Try: $irvela read --simulate 521 -v"

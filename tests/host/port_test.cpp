@@ -1,8 +1,10 @@
 // The lines over real ones: a TCP connection, and a pseudo terminal where there is one.
 #include <doctest/doctest.h>
 
+#include <chrono>
 #include <memory>
 #include <string>
+#include <thread>
 
 #include "host/line/serial_port.h"
 #include "host/line/tcp_port.h"
@@ -119,6 +121,17 @@ void CheckLine(FarEnd& end) {
   CHECK(port->Control(3));
   end.Send("fresh");
   CHECK(ReadText(*port, kLongWait, 5) == "fresh");
+
+  // This request is on its way for 0.9 s, and only then the instrument's time begins.
+  const std::string request(200, 'r');
+  CHECK(port->Write(request.data(), 200) == 200);
+  CHECK(end.Receive(200) == request);
+  std::thread instrument([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(5 * kShortWait));
+    end.Send("late");
+  });
+  CHECK(ReadText(*port, kShortWait, 4) == "late");
+  instrument.join();
   CHECK(!port->Lost());
 
   end.Send("last");
