@@ -17,6 +17,9 @@ struct Utf8Literal {
   }
 };
 
+// Never defined and no constant: what calls it does not compile.
+char CharacterIsNotInTheRussianAlphabet();
+
 // The code page 1251 byte of a character; characters outside ASCII and the Russian alphabet do not
 // compile.
 consteval char ToCp1251(unsigned character) {
@@ -24,7 +27,7 @@ consteval char ToCp1251(unsigned character) {
   if (character >= 0x410 && character <= 0x44F) return static_cast<char>(character - 0x410 + 0xC0);
   if (character == 0x401) return static_cast<char>(0xA8);
   if (character == 0x451) return static_cast<char>(0xB8);
-  throw "this character is not in the Russian alphabet";
+  return CharacterIsNotInTheRussianAlphabet();
 }
 
 // Zero-padded to the literal's length, which is never shorter than the result.

@@ -1,0 +1,21 @@
+# What only the DLL has: names for other compilers, its own allocation, a version, and an import
+# library for the platform's own linker.
+find_program(LLVM_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14 REQUIRED)
+
+configure_file(version.rc.in version.rc @ONLY)
+enable_language(RC)
+target_sources(TKSplDrv PRIVATE
+  TKSplDrv.def allocation.cpp constructor.cpp ${CMAKE_CURRENT_BINARY_DIR}/version.rc)
+target_link_libraries(TKSplDrv PRIVATE irvela_warnings)
+
+# Exceptions would bring the compiler's runtime for them into the DLL, threads and heap included.
+target_compile_options(TKSplDrv PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions>)
+target_compile_options(driver_objects PRIVATE -fno-exceptions)
+set_target_properties(TKSplDrv PROPERTIES PREFIX "")
+
+set(MSVC_IMPORT_LIBRARY ${CMAKE_BINARY_DIR}/TKSplDrv.lib)
+add_custom_command(OUTPUT ${MSVC_IMPORT_LIBRARY}
+  COMMAND ${LLVM_DLLTOOL} -m i386 -D TKSplDrv.dll
+          -d ${CMAKE_CURRENT_SOURCE_DIR}/TKSplDrv.def -l ${MSVC_IMPORT_LIBRARY}
+  DEPENDS TKSplDrv.def VERBATIM)
+add_custom_target(import_library ALL DEPENDS ${MSVC_IMPORT_LIBRARY})
