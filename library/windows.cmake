@@ -5,7 +5,7 @@ find_program(LLVM_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14 REQUIRED)
 configure_file(version.rc.in version.rc @ONLY)
 enable_language(RC)
 target_sources(TKSplDrv PRIVATE
-  TKSplDrv.def allocation.cpp constructor.cpp ${CMAKE_CURRENT_BINARY_DIR}/version.rc)
+  TKSplDrv.def no_exceptions.cpp constructor.cpp ${CMAKE_CURRENT_BINARY_DIR}/version.rc)
 target_link_libraries(TKSplDrv PRIVATE irvela_warnings)
 
 # Exceptions would bring the compiler's runtime for them into the DLL, threads and heap included.
