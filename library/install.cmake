@@ -13,7 +13,7 @@ write_basic_package_version_file(TKSplDrvConfigVersion.cmake COMPATIBILITY SameM
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/TKSplDrvConfigVersion.cmake DESTINATION ${package_folder})
 
 if(WIN32)
-  install(FILES ${MSVC_IMPORT_LIBRARY} DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  install(FILES ${PLATFORM_IMPORT_LIBRARY} DESTINATION ${CMAKE_INSTALL_LIBDIR})
 else()
   configure_file(TKSplDrv.pc.in TKSplDrv.pc @ONLY)
   install(FILES ${CMAKE_CURRENT_BINARY_DIR}/TKSplDrv.pc

@@ -13,9 +13,10 @@ target_compile_options(TKSplDrv PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fno-exception
 target_compile_options(driver_objects PRIVATE -fno-exceptions)
 set_target_properties(TKSplDrv PROPERTIES PREFIX "")
 
-set(MSVC_IMPORT_LIBRARY ${CMAKE_BINARY_DIR}/TKSplDrv.lib)
-add_custom_command(OUTPUT ${MSVC_IMPORT_LIBRARY}
+set(PLATFORM_IMPORT_LIBRARY ${CMAKE_BINARY_DIR}/TKSplDrv.lib)
+add_custom_command(OUTPUT ${PLATFORM_IMPORT_LIBRARY}
   COMMAND ${LLVM_DLLTOOL} -m i386 -D TKSplDrv.dll
-          -d ${CMAKE_CURRENT_SOURCE_DIR}/TKSplDrv.def -l ${MSVC_IMPORT_LIBRARY}
+          -d ${CMAKE_CURRENT_SOURCE_DIR}/TKSplDrv.def -l ${PLATFORM_IMPORT_LIBRARY}
   DEPENDS TKSplDrv.def VERBATIM)
-add_custom_target(import_library ALL DEPENDS ${MSVC_IMPORT_LIBRARY})
+add_custom_target(import_library ALL DEPENDS ${PLATFORM_IMPORT_LIBRARY})
+set_target_properties(TKSplDrv PROPERTIES PLATFORM_IMPORT_LIBRARY ${PLATFORM_IMPORT_LIBRARY})
