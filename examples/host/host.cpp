@@ -20,8 +20,8 @@ namespace {
 class ComPort final : public HostPort {
  public:
   explicit ComPort(const char* name) {
-    char path[64];
-    snprintf(path, sizeof path, "\\\\.\\%s", name);
+    char path[64] = "\\\\.\\";
+    lstrcpynA(path + 4, name, sizeof path - 4);
     line_ = CreateFileA(path, GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
   }
   ~ComPort() { CloseHandle(line_); }
@@ -127,7 +127,7 @@ void PrintCell(const Column& column, const unsigned char* bytes) {
 class RowPrinter final : public HostStream {
  public:
   bool Message(const char* value, const char* subject, unsigned) override {
-    printf("%s: %s\n", subject, value);
+    fprintf(stderr, "%s: %s\n", subject, value);
     return true;
   }
 
@@ -164,11 +164,14 @@ class RowPrinter final : public HostStream {
   void Begin(const unsigned char* bytes, unsigned length) {
     if (length != 1) return;  // the number of columns
     if (bytes[0] == 'g') {
+      if (!headed_) printf("\n");
+      headed_ = true;
       Enter(Record::kRow);
-    } else if (strchr("OHDMSB", bytes[0]) != nullptr) {
+    } else if (bytes[0] != 0 && strchr("OHDMSB", bytes[0]) != nullptr) {
       printf("\n== %c", bytes[0]);
       count_ = 0;
       width_ = 0;
+      headed_ = false;
       Enter(Record::kTitle);
     } else if (bytes[0] != 's') {
       Enter(Record::kColumn);  // this was the length of its name
@@ -190,7 +193,9 @@ class RowPrinter final : public HostStream {
     Column& column = list_[count_];
     ++piece_;
     if (piece_ == 1) {
-      snprintf(column.name, sizeof column.name, "%.*s", static_cast<int>(length), Text(bytes));
+      const unsigned kept = length < sizeof column.name ? length : sizeof column.name - 1;
+      memcpy(column.name, bytes, kept);
+      column.name[kept] = '\0';
       printf("\t%s", column.name);
     } else if (piece_ == 2) {
       column.type = static_cast<char>(bytes[0]);
@@ -206,12 +211,12 @@ class RowPrinter final : public HostStream {
   void TakeRow(const unsigned char* bytes, unsigned length) {
     for (unsigned i = 0; i < length && filled_ < sizeof row_; ++i) row_[filled_++] = bytes[i];
     if (filled_ < width_) return;
-    printf("\n");
     const unsigned char* cell = row_;
     for (unsigned i = 0; i < count_; ++i) {
       PrintCell(list_[i], cell);
       cell += list_[i].width;
     }
+    printf("\n");
     ++rows_;
     Enter(Record::kNone);
   }
@@ -229,6 +234,7 @@ class RowPrinter final : public HostStream {
   unsigned width_ = 0;  // of a row, in bytes
   unsigned char row_[kMostColumns * 255];
   unsigned filled_ = 0;
+  bool headed_ = false;  // the line of column names is complete
   int rows_ = 0;
 };
 
@@ -252,6 +258,7 @@ bool Read(TavDrvV1* driver, int kind) {
   int baud = 0;
   int attempts = 3;
   driver->GetBaud(kind, 1, &baud);
+  driver->SetupNumer('N', 1);  // network number of the instrument
   driver->SetupBaud(baud);
   driver->SetupParametr(1, sizeof attempts, &attempts);
   driver->SetupReadGroup('T', true);
