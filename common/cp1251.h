@@ -5,6 +5,8 @@
 #include <array>
 #include <cstddef>
 
+#include "common/does_not_compile.h"
+
 namespace common {
 
 // A string literal as a template argument: its UTF-8 bytes with the terminator.
@@ -24,7 +26,7 @@ consteval char ToCp1251(unsigned character) {
   if (character >= 0x410 && character <= 0x44F) return static_cast<char>(character - 0x410 + 0xC0);
   if (character == 0x401) return static_cast<char>(0xA8);
   if (character == 0x451) return static_cast<char>(0xB8);
-  throw "this character is not in the Russian alphabet";
+  DoesNotCompile("this character is not in the Russian alphabet");
 }
 
 // Zero-padded to the literal's length, which is never shorter than the result.

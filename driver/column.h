@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "TKSplDrv/types.h"
+#include "common/does_not_compile.h"
 
 enum class Type : char {
   kFloat = 'f',     // 4 bytes
@@ -89,7 +90,7 @@ template <std::size_t N>
 consteval std::array<Column, N> Join(std::initializer_list<Columns> parts) {
   std::size_t count = 0;
   for (const Columns& part : parts) count += part.size();
-  if (count != N) throw "the parts have another number of columns";
+  if (count != N) common::DoesNotCompile("the parts have another number of columns");
   const auto at = [parts](std::size_t index) {
     const Columns* part = parts.begin();
     for (; index >= part->size(); ++part) index -= part->size();

@@ -2,6 +2,7 @@
 // of the pressures.
 #include <cstring>
 
+#include "common/does_not_compile.h"
 #include "older/models/catalogue.h"
 #include "older/models/columns.h"
 #include "older/reads/archive.h"
@@ -21,7 +22,7 @@ consteval Unit TextOf(std::string_view column) {
   for (std::uint8_t i = 0; i < std::size(kUnitColumns); ++i) {
     if (column == kUnitColumns[i]) return Unit::Chosen(i);
   }
-  throw "this column names no unit";
+  common::DoesNotCompile("this column names no unit");
 }
 
 // --- Layouts ---

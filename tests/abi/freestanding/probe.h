@@ -1,0 +1,48 @@
+// A call under observation: with each stack alignment, with marks in the registers that a
+// callee must keep, and with the stack measured before and after.
+#pragma once
+
+// The assembly in probe.cpp knows the offsets.
+struct Probe {
+  const void* target = nullptr;                 // 0
+  const void* self = nullptr;                   // 4, in ecx
+  const unsigned* arguments = nullptr;          // 8
+  unsigned count = 0;                           // 12
+  unsigned misalignment = 0;                    // 16, bytes off a 16-byte boundary: 0, 4, 8 or 12
+  unsigned result = 0;                          // 20, eax
+  unsigned removed = 0;                         // 24, bytes of arguments that the callee removed
+  unsigned ebx = 0, esi = 0, edi = 0, ebp = 0;  // 28, 32, 36, 40
+};
+
+extern "C" void RunProbe(Probe* probe);
+
+enum class Convention { kThis, kC };  // who removes the arguments: the callee, the caller
+
+struct Callee {
+  const char* name;
+  const void* target;
+  const void* self;  // null for a free function
+  Convention convention;
+};
+
+inline unsigned Word(unsigned value) { return value; }
+inline unsigned Word(int value) { return static_cast<unsigned>(value); }
+inline unsigned Word(const void* pointer) { return reinterpret_cast<unsigned>(pointer); }
+
+// A byte as a host may pass it: with rubbish in the rest of its word.
+constexpr unsigned Rubbish(unsigned byte) { return 0xDEADBE00U | (byte & 0xFF); }
+
+// The words on the stack.
+struct Arguments {
+  unsigned words[12];
+  unsigned count;
+
+  template <class... Values>
+  explicit Arguments(Values... values) : words{Word(values)...}, count(sizeof...(values)) {}
+};
+
+// Calls once, checks stack and registers, answers eax.
+unsigned Call(const Callee& callee, const Arguments& arguments, unsigned misalignment);
+
+// Calls with all four alignments and checks the result of each.
+void Expect(const Callee& callee, const Arguments& arguments, unsigned result);

@@ -1,0 +1,28 @@
+#!/bin/bash
+# Makes the Debian package, unpacks it and uses it: runs the program, and builds a consumer of the
+# library by pkg-config and by CMake.
+# usage: check_deb.sh BUILD_FOLDER WORK_FOLDER CONSUMER_FOLDER CPACK
+set -euo pipefail
+build=$1 work=$2 consumer=$3 cpack=$4
+rm -rf "$work"
+mkdir -p "$work"
+cd "$work"
+(cd "$build" && "$cpack" -G DEB -B "$work" >"$work/cpack.log") || { cat cpack.log; exit 1; }
+package=$(echo irvela_*_amd64.deb)
+dpkg-deb -I "$package" | grep -E '^ (Package|Version|Architecture|Depends):'
+dpkg-deb -x "$package" root
+ls root/usr/lib/libTKSplDrv.so.0 root/usr/share/man/man1/irvela.1* \
+  root/usr/include/TKSplDrv/driver.h root/usr/share/doc/irvela/README.md >/dev/null
+
+root/usr/bin/irvela models | grep -q 521
+export LD_LIBRARY_PATH=$work/root/usr/lib
+expected=$(printf 'Irvela 52x/72x\nIrvela K7')
+
+read -ra flags <<<"$(PKG_CONFIG_PATH=root/usr/lib/pkgconfig pkg-config --cflags --libs TKSplDrv)"
+c++ -std=c++17 "$consumer/consumer.cpp" -o by_pkg_config "${flags[@]}"
+[ "$(./by_pkg_config)" = "$expected" ]
+
+cmake -S "$consumer" -B by_cmake -DCMAKE_PREFIX_PATH="$work/root/usr" >cmake.log
+cmake --build by_cmake >>cmake.log
+[ "$(by_cmake/consumer)" = "$expected" ]
+echo "$package is usable"
