@@ -46,13 +46,11 @@ Bytes LongFrame(int address, int sequence, int command, const Bytes& data) {
 }
 
 Bytes ShortFrame(int address, int command, const Bytes& data) {
-  Bytes frame = {0x10, Byte(static_cast<unsigned>(address)), Byte(static_cast<unsigned>(command))};
-  frame.insert(frame.end(), data.begin(), data.end());
+  const Bytes head = {Byte(static_cast<unsigned>(address)), Byte(static_cast<unsigned>(command))};
+  const Bytes covered = Joined({head, data});
   unsigned sum = 0;
-  for (std::size_t i = 1; i < frame.size(); ++i) sum += frame[i];
-  frame.push_back(Byte(~sum));
-  frame.push_back(0x16);
-  return frame;
+  for (const std::uint8_t byte : covered) sum += byte;
+  return Joined({{0x10}, covered, {Byte(~sum), 0x16}});
 }
 
 Bytes Item(int tag, const Bytes& value) {

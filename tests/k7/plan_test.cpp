@@ -293,6 +293,19 @@ TEST_CASE("current values or totals that fail end the plan of their system") {
   }
 }
 
+TEST_CASE("failed current values of a 523 leave an end marker without a title, a 521's nothing") {
+  for (const int code : {k7test::kCode521, k7test::kCode523}) {
+    Reading reading(code, "T");
+    reading.urm.before = Silent([&](const Request& request) {
+      return request.command == 0x72 && k7test::RangeOf(request).first / 0x100 == 4 &&
+             k7test::RangeOf(request).count > 2;
+    });
+    CHECK(reading.Run() == "Error / ReadStop");
+    const std::vector<Bytes> markers(2, Hex("73"));
+    CHECK(reading.stream.writes == (code == k7test::kCode523 ? markers : std::vector<Bytes>{}));
+  }
+}
+
 TEST_CASE("a system that is switched off writes nothing, the other one is read") {
   Reading reading(k7test::kCode523, "T");
   reading.urm.items[{1, 0x400}] = k7test::UIntItem(0x63);
