@@ -2,6 +2,7 @@
 
 #include "common/cp1251.h"
 #include "common/format.h"
+#include "driver/read_groups.h"
 #include "k7/host_messages.h"
 
 namespace k7 {
@@ -36,15 +37,6 @@ constexpr const char* kFailed = "ошибка"_w;
 
 }  // namespace
 
-// Either case of the letter will do.
-bool Plan::Asked(char group) const {
-  for (int i = 0; i < kReadGroupCount; i += 2) {
-    if (kReadGroupLetters[i] == group)
-      return host_.groupFlag[i] != 0 || host_.groupFlag[i + 1] != 0;
-  }
-  return false;
-}
-
 bool Plan::Stopped() {
   if (host_.IsStop() == 0) return false;
   host_.ReadStop(false);
@@ -70,12 +62,12 @@ bool Plan::ReadPlan(std::uint8_t system) {
 }
 
 bool Plan::ReadCommonDatabase() {
-  return !Asked(kDatabaseGroup) ||
+  return !GroupWanted(host_, kDatabaseGroup) ||
          Step("Чтение БД ОВ"_w, Report::kSwapped, [this] { return sections_.ReadDatabase(0); });
 }
 
 bool Plan::ReadCurrentAndTotals(std::uint8_t system) {
-  if (!Asked('T')) return true;
+  if (!GroupWanted(host_, 'T')) return true;
   if (Stopped()) return false;
   constexpr const char* kSubject = "Чтение текущих"_w;
   Say(host_, kBegun, kSubject);
@@ -86,8 +78,9 @@ bool Plan::ReadCurrentAndTotals(std::uint8_t system) {
 
 bool Plan::ReadPeriodicArchives(std::uint8_t system) {
   for (const ArchiveStep& step : kPeriodicSteps) {
-    if (Asked(step.group) && !Step(step.subject, Report::kPlain,
-                                   [&] { return sections_.ReadPeriodic(system, step.kind); })) {
+    if (GroupWanted(host_, step.group) && !Step(step.subject, Report::kPlain, [&] {
+          return sections_.ReadPeriodic(system, step.kind);
+        })) {
       return false;
     }
   }
@@ -95,7 +88,7 @@ bool Plan::ReadPeriodicArchives(std::uint8_t system) {
 }
 
 bool Plan::ReadDatabaseAndLogs(std::uint8_t system) {
-  if (!Asked(kDatabaseGroup)) return true;
+  if (!GroupWanted(host_, kDatabaseGroup)) return true;
   if (!Step("Чтение БД ТВ"_w, Report::kSwapped, [&] { return sections_.ReadDatabase(system); })) {
     return false;
   }

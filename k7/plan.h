@@ -27,7 +27,6 @@ class Plan {
   // Which text reports that a read succeeded. The databases' texts are swapped: intended.
   enum class Report { kPlain, kSwapped };
 
-  bool Asked(char group) const;
   bool Stopped();
   template <typename Read>
   bool Step(const char* subject, Report report, Read read);

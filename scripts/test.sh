@@ -53,13 +53,15 @@ count() {
   summary+=("$preset: $((all - bad)) passed, $bad failed")
 }
 
+jobs=$(nproc)
+
 for preset in "${presets[@]}"; do
   echo "== $preset: building"
   quietly cmake --preset "$preset"
   quietly cmake --build --preset "$preset"
   echo "== $preset: testing"
   log=build/$preset/test.log
-  ctest --preset "$preset" 2>&1 | tee "$log" |
+  ctest --preset "$preset" -j "$jobs" 2>&1 | tee "$log" |
     grep -vE '^ +Start +[0-9]+:|^ *[0-9]+/[0-9]+ Test .* Passed' || true
   count "$preset" "$log"
 done

@@ -1,5 +1,6 @@
 // The archive sections: one loop for hours, days and months.
 #include "TKSplDrv/conversions.h"
+#include "driver/read_groups.h"
 #include "older/reading/period.h"
 #include "older/reading/reading.h"
 #include "older/reads/archive.h"
@@ -57,8 +58,8 @@ void WriteArchiveLayout(TKSplImpl& reader, const ReadPart& part, const ArchiveRe
 }
 
 bool ReadArchiveSections(TKSplImpl& reader, const ReadPart& part) {
-  if (Wanted(reader, 'M') && !ReadArchiveSection(reader, part, kMonths)) return false;
-  if (Wanted(reader, 'S') && !ReadArchiveSection(reader, part, kDays)) return false;
+  if (GroupWanted(reader.host, 'M') && !ReadArchiveSection(reader, part, kMonths)) return false;
+  if (GroupWanted(reader.host, 'S') && !ReadArchiveSection(reader, part, kDays)) return false;
   return !HoursWanted(reader) || ReadArchiveSection(reader, part, kHours);
 }
 

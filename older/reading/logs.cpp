@@ -2,6 +2,7 @@
 #include <cstring>
 
 #include "common/cp1251.h"
+#include "driver/read_groups.h"
 #include "older/reading/period.h"
 #include "older/reading/reading.h"
 #include "older/reads/log.h"
@@ -39,7 +40,7 @@ void ReadLogSection(TKSplImpl& reader, const ReadPart& part, const Log& log, con
 
 bool ReadLogSections(TKSplImpl& reader, const ReadPart& part) {
   const LogAddresses* logs = part.model.logs;
-  if (logs == nullptr || !Wanted(reader, 'E')) return true;
+  if (logs == nullptr || !GroupWanted(reader.host, 'E')) return true;
   if (Stopped(reader)) return false;
   const int place = part.system - 1;
   ReadLogSection(reader, part, kChangeLog, "ИЗМ"_w, logs->changes[place]);

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "driver/read_groups.h"
 #include "older/reading/period.h"
 #include "older/reading/reading.h"
 
@@ -13,11 +14,11 @@ void PlanProgress(TKSplImpl& reader, const ProgressWeights& weights) {
   const std::int64_t days = hours / 24 + 1;
   const std::int64_t months = hours / 24 / 30 + 1;
   std::int64_t units = 3;
-  if (Wanted(reader, 'H')) units += hours + 1;
-  if (Wanted(reader, 'S')) units += days + 1;
-  if (Wanted(reader, 'M')) units += months + 1;
-  if (Wanted(reader, 'B')) units += weights.database;
-  if (Wanted(reader, 'T')) units += weights.operative;
+  if (GroupWanted(reader.host, 'H')) units += hours + 1;
+  if (GroupWanted(reader.host, 'S')) units += days + 1;
+  if (GroupWanted(reader.host, 'M')) units += months + 1;
+  if (GroupWanted(reader.host, 'B')) units += weights.database;
+  if (GroupWanted(reader.host, 'T')) units += weights.operative;
   if (weights.doubled) units = units * 2 + 3;
   reader.host.prStep = 100.0F / static_cast<float>(units);
   reader.host.IncPr(5);

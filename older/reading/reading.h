@@ -43,8 +43,6 @@ void WriteRow(TKSplImpl& reader, std::span<const std::uint8_t> record);
 
 // --- Steps of the batch reading ---
 
-// Whether a group is wanted, by its letter in upper or lower case.
-bool Wanted(const TKSplImpl& reader, char upper);
 // A stop asked for between two sections: reported, and true.
 bool Stopped(TKSplImpl& reader);
 // "Start Read ..." and the section's name.

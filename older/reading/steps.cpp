@@ -1,6 +1,7 @@
 // Steps of a reading: what is asked before a section, and the sections without dates.
 #include "TKSplDrv/conversions.h"
 #include "common/cp1251.h"
+#include "driver/read_groups.h"
 #include "older/reading/reading.h"
 #include "older/session/session.h"
 
@@ -34,15 +35,6 @@ void TellSystemNotOpened(TKSplImpl& reader, int system) {
   reader.Say(UcToSChar(text, static_cast<unsigned long>(system)), "Init Opros Error ТВ"_w);
 }
 
-bool Wanted(const TKSplImpl& reader, char upper) {
-  for (int i = 0; i < kReadGroupCount; i += 2) {
-    // A letter's lower case stands right behind it.
-    const unsigned char* flags = &reader.host.groupFlag[i];
-    if (kReadGroupLetters[i] == upper) return flags[0] != 0 || flags[1] != 0;
-  }
-  return false;
-}
-
 bool Stopped(TKSplImpl& reader) {
   if (reader.host.IsStop() == 0) return false;
   reader.host.ReadStop(false);
@@ -64,7 +56,7 @@ void WriteRow(TKSplImpl& reader, std::span<const std::uint8_t> record) {
 
 bool ReadDatabaseSection(TKSplImpl& reader, const ReadPart& part, const DatabaseSection& section,
                          std::span<const std::uint8_t> record) {
-  if (!Wanted(reader, 'B')) return true;
+  if (!GroupWanted(reader.host, 'B')) return true;
   if (Stopped(reader)) return false;
   TellStart(reader, part, section.start, section.startName);
   reader.out.Title(TitleKind::kDatabase, part.name, reader.InstrumentClock);
@@ -103,7 +95,7 @@ bool ReadOperative(TKSplImpl& reader, const ReadPart& part, const char* title) {
 }
 
 bool ReadOperativeSection(TKSplImpl& reader, const ReadPart& part) {
-  if (!Wanted(reader, 'T')) return true;
+  if (!GroupWanted(reader.host, 'T')) return true;
   if (Stopped(reader)) return false;
   TellStart(reader, part, part.model.start, part.model.operative.startName);
   if (!ReadOperative(reader, part, part.name)) return false;
