@@ -78,7 +78,8 @@ class TAV_API TavDrvV1 {
   // continuous reading. Other indexes answer 0.
   virtual unsigned SetupParametr(char index, int size, void* value);
   // 12. The deleting destructor: destroys the object, frees it when bit 0 of flags is set, and
-  // answers the object's address.
+  // answers the object's address. It frees what LInit created; a class of the host's own that lies
+  // elsewhere is destroyed with flags 0, or overrides this.
   virtual void* Destroy(unsigned flags);
 
   // --- Thread control, exported, not in the table ---
