@@ -1,7 +1,9 @@
-// Loads the DLL, reads nothing in every way that needs a thread, and unloads it again, a hundred
-// times: what the process holds afterwards is what it held before.
+// The DLL as a file: its version, and what is left when it is loaded and unloaded. Loading
+// it, running its thread and unloading it a hundred times leaves what the process held before.
 #include <doctest/doctest.h>
 #include <windows.h>
+
+#include <cstring>
 
 #include "TKSplDrv/driver.h"
 
@@ -100,4 +102,20 @@ TEST_CASE("loading and unloading a hundred times leaks nothing") {
   CHECK(after.handles == before.handles);
   CHECK(after.blocks == before.blocks);
   CHECK(after.freeThreadSlots == before.freeThreadSlots);
+}
+
+TEST_CASE("the DLL carries the version of the project") {
+  HMODULE library = LoadLibraryA("TKSplDrv.dll");
+  REQUIRE(library != nullptr);
+  HRSRC found = FindResourceA(library, MAKEINTRESOURCEA(VS_VERSION_INFO), RT_VERSION);
+  REQUIRE(found != nullptr);
+  constexpr std::size_t kKeySize = 40;  // a header and the key, before the numbers
+  VS_FIXEDFILEINFO info = {};
+  REQUIRE(SizeofResource(library, found) >= kKeySize + sizeof info);
+  const auto* bytes = static_cast<const char*>(LockResource(LoadResource(library, found)));
+  std::memcpy(&info, bytes + kKeySize, sizeof info);
+  CHECK(info.dwSignature == VS_FFI_SIGNATURE);
+  CHECK(info.dwFileVersionMS == (VERSION_MAJOR << 16 | VERSION_MINOR));
+  CHECK(info.dwFileVersionLS == VERSION_PATCH << 16);
+  FreeLibrary(library);
 }
