@@ -20,7 +20,7 @@ class DriverLibrary {
   // path: of the DLL on Windows, empty for the one beside the program; not looked at on POSIX.
   // Throws std::runtime_error with one sentence.
   explicit DriverLibrary(const std::string& path);
-  ~DriverLibrary();
+  ~DriverLibrary();  // NOLINT: not trivial on Windows
   DriverLibrary(const DriverLibrary&) = delete;
   DriverLibrary& operator=(const DriverLibrary&) = delete;
 

@@ -71,7 +71,7 @@ std::string NumberText(double value) { return ShortestText(value); }
 
 std::string DateText(const TAVDT& time) {
   const unsigned year = time.year, month = time.month, day = time.day;
-  const std::string clock = fmt::format("{:02}:{:02}:{:02}", time.hour, time.minute, time.second);
+  std::string clock = fmt::format("{:02}:{:02}:{:02}", time.hour, time.minute, time.second);
   if (year <= 1 && month <= 1 && day <= 1) return clock;
   if (year <= 1 && clock == "00:00:00") return fmt::format("{:02}-{:02}", month, day);
   return fmt::format("{:04}-{:02}-{:02} {}", year, month, day, clock);

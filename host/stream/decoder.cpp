@@ -98,7 +98,7 @@ void Decoder::TakeRecordPiece(ByteView piece) {
 void Decoder::GiveUpRecord() {
   ++ignored_;
   state_ = state_ == State::kTitle ? State::kOutside : State::kColumns;
-  const std::vector<Bytes> pieces = std::move(recordPieces_);
+  const std::vector<Bytes> pieces = std::exchange(recordPieces_, {});
   for (std::size_t i = 1; i < pieces.size(); ++i) Take(pieces[i]);
 }
 

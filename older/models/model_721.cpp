@@ -19,8 +19,8 @@ constexpr const char* kUnitColumns[] = {"RP1k", "RP2k", "RdP3", "RPb", "RP3", "R
 static_assert(std::size(kUnitColumns) <= Unit::kChoices);
 
 consteval Unit TextOf(std::string_view column) {
-  for (std::uint8_t i = 0; i < std::size(kUnitColumns); ++i) {
-    if (column == kUnitColumns[i]) return Unit::Chosen(i);
+  for (std::size_t i = 0; i < std::size(kUnitColumns); ++i) {
+    if (column == kUnitColumns[i]) return Unit::Chosen(static_cast<std::uint8_t>(i));
   }
   common::DoesNotCompile("this column names no unit");
 }
