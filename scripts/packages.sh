@@ -62,16 +62,25 @@ install_packages() {
 }
 
 # 32-bit Wine takes packages of the i386 architecture. Where the security suite's i386 index is out
-# of step with the installed amd64 packages, only the release's own versions fit together.
+# of step with the installed amd64 packages, only the release's own versions fit together; some
+# systems come to them by the target release alone, others only when those versions are preferred to
+# newer ones that are installed.
 install_wine() {
-  local wanted release
+  local wanted release preferences
   mapfile -t wanted < <(missing "${wine_packages[@]}")
   [ "${#wanted[@]}" -eq 0 ] && return
   echo "Installing ${wanted[*]} ..."
   dpkg --print-foreign-architectures | grep -qx i386 || as_root dpkg --add-architecture i386
   update_index
-  apt_get install -y --no-install-recommends "${wine_packages[@]}" >/dev/null 2>&1 && return
   release=$(. /etc/os-release && echo "$VERSION_CODENAME")
-  quietly apt_get install -y --no-install-recommends -t "$release" --allow-downgrades \
-    "${wine_packages[@]}"
+  preferences=$(mktemp)
+  printf 'Package: *\nPin: release n=%s,l=Debian\nPin-Priority: 1001\n' "$release" >"$preferences"
+  apt_wine >/dev/null 2>&1 ||
+    apt_wine -t "$release" --allow-downgrades >/dev/null 2>&1 ||
+    quietly apt_wine -o Dir::Etc::Preferences="$preferences" --allow-downgrades
+  rm -f "$preferences"
+}
+
+apt_wine() {
+  apt_get install -y --no-install-recommends "$@" "${wine_packages[@]}"
 }

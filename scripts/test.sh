@@ -33,6 +33,14 @@ if [ "$windows" = yes ]; then
   mkdir -p build
 fi
 
+# One Wine for all tests: starting it anew for each would take most of the time.
+stop_wine() { wineserver -k || true; }
+start_wine() {
+  trap stop_wine EXIT
+  wineserver -p
+  quietly wine cmd /c exit
+}
+
 passed=0
 failed=0
 summary=()
@@ -56,6 +64,7 @@ count() {
 jobs=$(nproc)
 
 for preset in "${presets[@]}"; do
+  [ "$preset" != windows ] || start_wine
   echo "== $preset: building"
   quietly cmake --preset "$preset"
   quietly cmake --build --preset "$preset"
