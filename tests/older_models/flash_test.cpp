@@ -5,12 +5,41 @@
 
 #include "common/cp1251.h"
 #include "tests/older_models/simulated.h"
+#include "tests/support/older_line.h"
 
 using namespace common::literals;
 using support::Bytes;
 using support::Instrument;
 using support::Section;
 using support::SimulatedReading;
+using support::operator+;
+
+TEST_CASE("flash by byte address: pages asked for and bytes taken") {
+  Bytes pages;  // each byte the low byte of its address over 8
+  for (std::size_t page = 0; page < 3; ++page) {
+    Bytes data;
+    for (std::size_t i = 0; i < 64; ++i) {
+      data.push_back(static_cast<std::uint8_t>((page * 64 + i) / 8));
+    }
+    pages = pages + support::older::Reply('E', data);
+  }
+  const struct {
+    std::uint16_t address;
+    std::size_t size;
+    const char* parameters;  // first page, pages
+    int first, last;         // of the bytes delivered
+  } cases[] = {{0x0400, 168, "10 00 03 00", 0, 20}, {0x0438, 72, "10 00 03 00", 7, 15}};
+  for (const auto& c : cases) {
+    support::Reading reading;
+    reading.port.answer = [&](const Bytes&) { return pages; };
+    older::TKSplImpl reader(reading.driver);
+    Bytes data(c.size);
+    CHECK(older::ReadFlashBytes(reader, c.address, data) == older::ExchangeError::kNone);
+    CHECK(support::ToHex(reading.port.writes.at(0)).substr(9, 11) == c.parameters);
+    CHECK(data.front() == c.first);
+    CHECK(data.back() == c.last);
+  }
+}
 
 TEST_CASE("more flash than the instrument has is refused") {
   support::Reading reading;
