@@ -1,7 +1,6 @@
 // Whole readings of the simulated instruments: what the host gets is what they hold.
 #include <doctest/doctest.h>
 
-#include <cmath>
 #include <cstdio>
 
 #include "common/cp1251.h"
@@ -148,6 +147,7 @@ TEST_CASE("every group of a simulated 521, over the end of a month") {
   CheckSystem(reading, sections, 0, 0);
   for (const Section& section : sections) {
     CHECK(section.model == "УРМ521"_w);
+    CHECK(section.version == "V7");
     CHECK(section.number == *reading.values.ParameterText(0, 0x3A));
     CHECK(section.time == support::Hex("E0 07 09 04 0D 05 09"));
   }
