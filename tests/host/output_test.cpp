@@ -8,7 +8,6 @@
 #include "host/output/follow_printer.h"
 #include "host/output/show.h"
 #include "host/stream/code_page.h"
-#include "host/stream/decoder.h"
 #include "tests/host/scratch_folder.h"
 #include "tests/host/stream_writer.h"
 
@@ -35,12 +34,6 @@ StreamWriter& AddCurrent(StreamWriter& stream, float value, unsigned char second
 
 std::string Shown(StreamWriter stream, const host::ShowSettings& settings) {
   return host::ShowSections(Kept(stream.Pieces()), settings);
-}
-
-void Feed(const StreamWriter& stream, host::SectionListener& listener) {
-  host::Decoder decoder(listener);
-  for (const Bytes& piece : stream.Pieces()) decoder.Take(piece);
-  decoder.Finish();
 }
 
 }  // namespace
@@ -93,7 +86,7 @@ TEST_CASE("a folder gets a file per section, and sections that come again go on 
   StreamWriter stream;
   AddCurrent(AddHours(AddCurrent(stream, 1, 1), 1), 2, 2);
   host::CsvFolder folder(scratch / "out");
-  Feed(stream, folder);
+  Feed(stream.Pieces(), folder);
   CHECK(scratch.Load("out/01-current.csv") ==
         "clock,\"Q, kW\"\n2016-09-04 13:05:01,1\n2016-09-04 13:05:02,2\n");
   CHECK(scratch.Load("out/02-hours-tv1.csv") ==
@@ -126,7 +119,7 @@ TEST_CASE("rows that are followed get a heading when their section changes") {
   for (const Case& item : cases) {
     std::string text;
     host::FollowPrinter printer(item.format, [&](const std::string& piece) { text += piece; });
-    Feed(stream, printer);
+    Feed(stream.Pieces(), printer);
     CHECK(text == item.text);
   }
 }

@@ -105,14 +105,6 @@ TEST_CASE("a reading that cannot go on says why and keeps its rows") {
     CHECK(end.reason.find("the gateway closed the connection") != std::string::npos);
     CHECK(rows.rows > 0);
   }
-  SUBCASE("a record cannot be kept") {
-    Bench bench;
-    AtFirstRow rows([] { throw std::runtime_error("no space left"); });
-    const host::ReadingEnd end = bench.Read(rows);
-    CHECK(end.ending == host::Ending::kFailed);
-    CHECK(end.reason == "no space left");
-    CHECK(rows.rows == 1);
-  }
   SUBCASE("nobody answers") {
     simulator::Settings instrument = Model521();
     instrument.number = 7;

@@ -82,19 +82,21 @@ void Told::AddRow(const host::Section& section, host::ByteView row) {
 
 void Told::End(const host::Section&) { lines.push_back("end"); }
 
-std::vector<std::string> Decoded(const std::vector<Bytes>& pieces) {
-  Told told;
-  host::Decoder decoder(told);
+void Feed(const std::vector<Bytes>& pieces, host::SectionListener& listener) {
+  host::Decoder decoder(listener);
   for (const Bytes& piece : pieces) decoder.Take(piece);
   decoder.Finish();
+}
+
+std::vector<std::string> Decoded(const std::vector<Bytes>& pieces) {
+  Told told;
+  Feed(pieces, told);
   return told.lines;
 }
 
 std::vector<host::KeptSection> Kept(const std::vector<Bytes>& pieces) {
   host::SectionKeeper keeper;
-  host::Decoder decoder(keeper);
-  for (const Bytes& piece : pieces) decoder.Take(piece);
-  decoder.Finish();
+  Feed(pieces, keeper);
   return keeper.Sections();
 }
 

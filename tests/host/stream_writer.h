@@ -49,6 +49,7 @@ class Told final : public host::SectionListener {
 };
 
 // Decodes the pieces to their end.
+void Feed(const std::vector<Bytes>& pieces, host::SectionListener& listener);
 std::vector<std::string> Decoded(const std::vector<Bytes>& pieces);
 
 // The sections that the pieces hold.

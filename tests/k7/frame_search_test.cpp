@@ -170,42 +170,22 @@ class Noise {
 TEST_CASE("the searches find what the literal ones find, at the same byte") {
   const auto searches = std::make_unique<Searches>();
   Noise noise;
-  int frames = 0, endless = 0, nothing = 0;
+  int frames = 0, shorts = 0, endless = 0, nothing = 0;
   for (int i = 0; i < 6000; ++i) {
     const Link link = noise.NextLink();
     const Bytes stream = noise.Stream();
     const int found = CompareLong(*searches, stream, link);
     frames += found;
     nothing += 1 - found;
-    if (CompareShort(*searches, stream, link) == State::kEndless) ++endless;
+    const State end = CompareShort(*searches, stream, link);
+    shorts += end == State::kFound ? 1 : 0;
+    endless += end == State::kEndless ? 1 : 0;
   }
   // The streams do exercise all ends.
   CHECK(frames > 1000);
   CHECK(nothing > 1000);
+  CHECK(shorts > 100);
   CHECK(endless > 1000);
-}
-
-TEST_CASE("short frames: every way a stop byte can stand") {
-  const auto searches = std::make_unique<Searches>();
-  const Link link{5, 0, {}};
-  struct Case {
-    const char* stream;
-    State state;
-  };
-  for (const Case& c : {
-           Case{"10 05 3F BB 16 00", State::kFound},
-           Case{"10 05 3F BB 16", State::kNothing},        // six bytes are needed
-           Case{"FF 10 05 3F BB 16 00", State::kFound},    // behind noise
-           Case{"10 05 3F 00 BB 16 00", State::kEndless},  // data: no stop byte at its place
-           Case{"10 05 3F 00 16 00", State::kEndless},     // a wrong checksum
-           Case{"10 05 3F C0 16 00", State::kFound},       // right from one start further on
-           Case{"10 05 3F FF 16 00", State::kFound},       // and from two further on
-           Case{"10 05 00 FA 16 00 10 05 3F BB 16 00", State::kNothing},  // hidden by command 0
-           Case{"10 06 3F BA 16 00 00", State::kNothing},                 // of another instrument
-       }) {
-    INFO(std::string(c.stream));
-    CHECK(CompareShort(*searches, Hex(c.stream), link) == c.state);
-  }
 }
 
 TEST_CASE("of two frames that end with the same byte the one that starts first counts") {
@@ -232,10 +212,4 @@ TEST_CASE("of two frames that end with the same byte the one that starts first c
     CHECK(CompareLong(*searches, Joined({stream, LongFrame(5, 1, 0x61, {})}), {5, 1, {}}) ==
           (command != 0 ? 1 : 0));
   }
-}
-
-TEST_CASE("a frame that starts before one with command 0 is still found") {
-  const auto searches = std::make_unique<Searches>();
-  const Bytes stream = LongFrame(5, 1, 0x72, Joined({LongFrame(5, 1, 0, Hex("01")), Hex("02 03")}));
-  CHECK(CompareLong(*searches, stream, {5, 1, {}}) == 1);
 }

@@ -23,16 +23,6 @@ TEST_CASE("the check sums of known texts") {
   CHECK(k7::Checksum({}) == 0xFF);
 }
 
-TEST_CASE("equal values of the stream's CRC enclose a message and its CRC, nothing else") {
-  k7::StreamCrc crc;
-  for (const std::uint8_t byte : Hex("10 00 A5")) crc.Add(byte);
-  const std::uint16_t before = crc.Value();
-  for (const std::uint8_t byte : Hex("31 32 33 34 35 36 37 38 39 31 C3")) {
-    crc.Add(byte);
-    CHECK((crc.Value() == before) == (byte == 0xC3));
-  }
-}
-
 TEST_CASE("requests are laid out byte by byte") {
   k7::TxBuf buffer;
   buffer.fill(0xAA);

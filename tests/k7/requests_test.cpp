@@ -45,23 +45,6 @@ TEST_CASE("the archive request: the end's minute, second and extra number stand 
   CHECK(later[9] == 255);
 }
 
-TEST_CASE("parameters are asked for by consecutive numbers") {
-  Line line;
-  line.Answers(0x72, Hex("02 01 07"));
-  CHECK(line.requests->ReadParams(2, 0x04FF, 2, "error oper"));
-  CHECK(ToHex(k7test::ParseLong(line.port.writes[0])->data) == "4A 03 02 FF 04 4A 03 02 00 05");
-  CHECK(line.requests->LastReply().bytes[2] == 7);
-
-  line.Answers(0x73, {});
-  CHECK(!line.requests->ReadParams(2, 0, 1, "error oper"));
-  CHECK(line.stream.messages.back() == "not 0x72 result=0x73 / error oper");
-  CHECK(line.requests->LastReply().bytes[2] == 0);
-
-  line.port.answer = nullptr;
-  CHECK(!line.requests->ReadParams(2, 0, 1, "error oper"));
-  CHECK(line.stream.messages.back() == "count=1 / error query");
-}
-
 TEST_CASE("a block's entries become records of 50 bytes") {
   Line line;
   const std::string longText(60, 'x');
@@ -69,6 +52,10 @@ TEST_CASE("a block's entries become records of 50 bytes") {
   CHECK(line.requests->ReadParamBlock(0, 10, 4));
   CHECK(line.stream.writes ==
         std::vector<Bytes>{Entry("12"), Entry(""), Entry(longText.c_str()), Entry("")});
+
+  CHECK(line.requests->ReadParamBlock(0, 0, 21));  // one more than a block may have
+  CHECK(k7test::ParseLong(line.port.writes[1])->data.size() == 100);
+  CHECK(line.stream.writes.size() == 4 + 20);
 }
 
 TEST_CASE("a block read turned over: a link failure is a success, another command is none") {
@@ -80,12 +67,4 @@ TEST_CASE("a block read turned over: a link failure is a success, another comman
   CHECK(!line.requests->ReadParamBlock(0, 10, 3));
   CHECK(line.stream.writes == std::vector<Bytes>(3, Entry("")));  // the host gets its records
   CHECK(line.stream.messages.back() == "not 0x72 result=0x3F / error basic");
-}
-
-TEST_CASE("a block is at most 20 parameters") {
-  Line line;
-  line.Answers(0x72, {});
-  CHECK(line.requests->ReadParamBlock(0, 0, 21));
-  CHECK(k7test::ParseLong(line.port.writes[0])->data.size() == 100);
-  CHECK(line.stream.writes.size() == 20);
 }

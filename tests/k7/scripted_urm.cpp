@@ -38,10 +38,9 @@ std::optional<Answer> ScriptedUrm::operator()(const Request& request) {
     case 0x72:
       return Answer{0x72, Parameters(data)};
     case 0x61:
-      return Answer{0x61, archive ? archive({data.at(4), data.at(5), data.at(6),
-                                             Bytes(data.begin() + 9, data.begin() + 17),
-                                             Bytes(data.begin() + 19, data.begin() + 27)})
-                                  : Bytes{}};
+      return Answer{0x61, archive
+                              ? archive({data.at(5), Bytes(data.begin() + 9, data.begin() + 17)})
+                              : Bytes{}};
     default:
       return std::nullopt;
   }

@@ -14,8 +14,8 @@ inline constexpr int kCode521 = 0x2992;
 inline constexpr int kCode523 = 0x2B54;
 
 struct ArchiveQuestion {
-  int channel = 0, kind = 0, selector = 0;
-  Bytes from, to;  // stamps
+  int kind = 0;
+  Bytes from;  // the start's stamp
 };
 
 struct ScriptedUrm {

@@ -74,17 +74,6 @@ TEST_CASE("an instrument that cannot be identified ends the reading after both f
   }
 }
 
-TEST_CASE("a short reply can hold no model code") {
-  Reading reading(k7test::kCode521);
-  reading.port.answer = [](const Bytes& written) {
-    return written.size() == 9 && written[2] == 0x3F
-               ? k7test::Joined({k7test::ShortFrame(5, 0x3F, {}), Hex("00")})
-               : Bytes{};
-  };
-  CHECK(reading.Run() == "Error / ReadStop");
-  CHECK(reading.stream.Said("undefined 0 / error start "));
-}
-
 TEST_CASE("the basic read turned over: a link failure goes on, another command ends the reading") {
   Reading silent(k7test::kCode521);
   silent.urm.before = [&](const Request& request) -> Before {

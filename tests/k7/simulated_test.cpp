@@ -1,7 +1,6 @@
 // Whole readings of the simulated instruments: what the host gets is what they hold.
 #include <doctest/doctest.h>
 
-#include <cmath>
 #include <cstdio>
 
 #include "common/cp1251.h"
@@ -148,6 +147,7 @@ TEST_CASE("every group of a simulated 521, over the end of a month") {
   CheckSystem(reading, sections, 0, 0);
   for (const Section& section : sections) {
     CHECK(section.model == "УРМ521"_w);
+    CHECK(section.version == "V7");
     CHECK(section.number == *reading.values.ParameterText(0, 0x3A));
     CHECK(section.time == support::Hex("E0 07 09 04 0D 05 09"));
   }
@@ -200,10 +200,14 @@ TEST_CASE("faults in archive replies") {
     const char* fault;
     std::size_t rows;  // of three days
     const char* outcome;
+    const char* said;
   };
-  for (const Case& c : {Case{"several-records", 6, "успешно"_w},
-                        Case{"empty-reply", 0, "успешно"_w}, Case{"stamp-alone", 0, "ошибка"_w},
-                        Case{"past-end", 0, "ошибка"_w}, Case{"other-command", 0, "успешно"_w}}) {
+  for (const Case& c : {Case{"several-records", 6, "успешно"_w, "OK / ReadStop"},
+                        Case{"empty-reply", 0, "успешно"_w, "OK / ReadStop"},
+                        Case{"stamp-alone", 0, "ошибка"_w, "OK / ReadStop"},
+                        Case{"past-end", 0, "ошибка"_w, "OK / ReadStop"},
+                        Case{"no-reply", 0, "ошибка"_w, "2016.9.1 0:0:0 / query error"},
+                        Case{"other-command", 0, "успешно"_w, "2016.9.3 0:0:0 / fn error"}}) {
     CAPTURE(std::string(c.fault));
     // The session's three exchanges go well, then each one is disturbed.
     Simulated disturbed(Settings("k7-521", {{c.fault, 1}})), sound(Settings("k7-521"));
@@ -216,6 +220,7 @@ TEST_CASE("faults in archive replies") {
     };
     const auto sections = disturbed.Read("S");
     CHECK(sections.at(0).rows.size() == c.rows);
+    CHECK(disturbed.stream.Said(c.said));
     CHECK(
         disturbed.stream.Said(std::string(c.outcome) + " / " + std::string("Чтение посуточных"_w)));
   }
@@ -228,4 +233,5 @@ TEST_CASE("a system that is switched off is passed over") {
   const auto sections = reading.Read("T");
   REQUIRE(Kinds(sections) == "OO");
   CHECK(sections[0].title == "ТВ2"_w);
+  CHECK(reading.stream.Said("СП=99 / Чтение не целесообразно"_w));
 }

@@ -116,26 +116,6 @@ TEST_CASE("the longest reply fills the buffer to its last byte") {
   CHECK(line.port.received.empty());
 }
 
-TEST_CASE("an unknown frame variant fails without a byte on the line") {
-  Line line(static_cast<k7::FrameMode>(3));
-  CHECK(line.Query() == k7::kAttemptsUsed);
-  CHECK(line.port.writes.empty());
-  CHECK(line.stream.messages ==
-        std::vector<std::string>{"i=1 count=1 / warning query", "count=1 / error query"});
-}
-
-TEST_CASE("a stop is seen before each byte, and by the next attempt before it starts") {
-  Line line(k7::FrameMode::kLong, 3);
-  line.port.received = Bytes(10, 0xFF);
-  line.port.onRead = [&] {
-    if (line.port.reads == 4) line.driver.Stop();
-  };
-  CHECK(line.Query() == k7::kStoppedByHost);
-  CHECK(line.port.reads == 4);
-  CHECK(line.port.writes.size() == 1);
-  CHECK(line.stream.messages == std::vector<std::string>{"i=1 count=3 / warning query"});
-}
-
 TEST_CASE("short frames: a reply without data is taken with the byte behind it") {
   Line line(k7::FrameMode::kShort);
   line.port.received = k7test::ShortFrame(5, 0x72, {}) + Hex("00");

@@ -19,10 +19,6 @@ Bytes Entry(const std::string& text, std::size_t size) {
   return entry;
 }
 
-Bytes First(const older::LogRecords& records, std::size_t size) {
-  return {records.bytes.begin(), records.bytes.begin() + static_cast<std::ptrdiff_t>(size)};
-}
-
 // A range of whole hours around an instrument's log entry.
 SYSTEMTIME HourOf(const simulator::older::LogEntry& entry) {
   const auto part = [](int value) { return static_cast<unsigned short>(value); };
@@ -37,42 +33,6 @@ SYSTEMTIME HourOf(const simulator::older::LogEntry& entry) {
 }
 
 }  // namespace
-
-TEST_CASE("log entries become records") {
-  const Bytes change = Entry("04.09.16/13:05:09\x8F\xE0 t=5 ", 32);
-  auto records = older::DecodeLog(older::kChangeLog, change);
-  REQUIRE(records.count == 1);
-  CHECK(support::ToHex(First(records, 22)) ==
-        "E0 07 09 04 0D 05 09 CF F0 20 74 3D 35 20 FE FE FE FE FE FE FE FE");
-
-  const Bytes situation = Entry("31-12-95 23:59:58\x07\x01", 24);
-  records = older::DecodeLog(older::kSituationLog, situation);
-  REQUIRE(records.count == 1);
-  CHECK(support::ToHex(First(records, 9)) == "CB 07 0C 1F 17 3B 3A 07 01");
-}
-
-TEST_CASE("where a log ends") {
-  const Bytes entry = Entry("04.09.16/13:05:09", 24);
-  const Bytes zero(24, 0);
-  const Bytes erased(24, 0xFF);
-  const Bytes junk = Entry("no date at all...", 24);
-  const struct {
-    const char* name;
-    Bytes entries;
-    std::size_t count;
-  } cases[] = {{"empty", zero + entry, 0},
-               {"erased", erased + entry, 0},
-               {"a zero behind two", entry + entry + zero + entry, 2},
-               {"erased behind one", entry + erased, 1},
-               {"junk is no end", entry + junk + entry, 3}};
-  for (const auto& c : cases) {
-    CAPTURE(c.name);
-    CHECK(older::DecodeLog(older::kSituationLog, c.entries).count == c.count);
-  }
-  Bytes full;
-  while (full.size() < 24 * 100) full = full + entry;
-  CHECK(older::DecodeLog(older::kSituationLog, full).count == 100);
-}
 
 TEST_CASE("log sections hold the entries of the requested hours") {
   for (const char* model : {"523", "721", "521.1x"}) {
@@ -102,7 +62,7 @@ TEST_CASE("log sections hold the entries of the requested hours") {
   }
 }
 
-TEST_CASE("a log without an entry in range leaves an empty section") {
+TEST_CASE("a log whose entries are all out of range leaves an empty section") {
   SimulatedReading reading(Instrument("721"), "e");
   reading.Range({2010, 1, 0, 1}, {2010, 1, 0, 2});
   reading.Run();
@@ -138,4 +98,22 @@ TEST_CASE("a page of a log that fails with error 14 ends the log there") {
   reading.Run();
   REQUIRE(reading.Sections('S', "ОВ ИЗМ"_w).size() == 1);
   CHECK(reading.Sections('S', "ОВ ИЗМ"_w)[0].rows.size() == 6);
+}
+
+TEST_CASE("log entries become records up to the first zero or erased one") {
+  const Bytes change = Entry("04.09.16/13:05:09\x8F\xE0 t=5 ", 32);
+  const auto records = older::DecodeLog(older::kChangeLog, change);
+  REQUIRE(records.count == 1);
+  CHECK(support::ToHex({records.bytes.begin(), records.bytes.begin() + 22}) ==
+        "E0 07 09 04 0D 05 09 CF F0 20 74 3D 35 20 FE FE FE FE FE FE FE FE");
+
+  const Bytes entry = Entry("31-12-95 23:59:58\x07\x01", 24);
+  const Bytes junk = Entry("no date at all...", 24);
+  for (const int end : {0x00, 0xFF}) {
+    const Bytes log = entry + junk + entry + Bytes(24, static_cast<std::uint8_t>(end)) + entry;
+    const auto situations = older::DecodeLog(older::kSituationLog, log);
+    CHECK(situations.count == 3);
+    CHECK(support::ToHex({situations.bytes.begin(), situations.bytes.begin() + 9}) ==
+          "CB 07 0C 1F 17 3B 3A 07 01");
+  }
 }

@@ -76,18 +76,6 @@ TEST_CASE("a heat system of mode c gives its database and nothing else") {
   }
 }
 
-TEST_CASE("archives are asked for in the session of their heat system") {
-  SimulatedReading reading(Instrument("522"), "M");
-  std::string sessions;
-  reading.Lose([&](const Bytes& request) {
-    if (request[2] == '?') sessions += static_cast<char>('0' + request[3]);
-    if (request[2] == 'M') sessions += 'M';
-    return false;
-  });
-  reading.Run();
-  CHECK(sessions == "01MM2MM");
-}
-
 TEST_CASE("a stop that system 1 saw is answered, and system 2 is read") {
   SimulatedReading reading(Instrument("523"), "BTE");
   reading.stream.onMessage = [&](const std::string& line) {

@@ -32,32 +32,21 @@ TEST_CASE("text items become their columns' bytes") {
   };
   const Case cases[] = {
       {"f", Type::kFloat, "12.5", "00 00 48 41"},
-      {"f", Type::kFloat, "  -0.25", "00 00 80 BE"},
-      {"f", Type::kFloat, "1e2kg", "00 00 C8 42"},
       {"f", Type::kFloat, "8,5", "00 00 00 41"},
       {"f", Type::kFloat, "3\0junk!"s, "00 00 40 40"},
       {"f", Type::kFloat, "?1", "00 00 00 00", false},
       {"f", Type::kFloat, "", "00 00 00 00"},
-      {"f", Type::kFloat, "\0 1"s, "00 00 00 00"},
       {"f", Type::kFloat, "\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF", "00 00 00 00", false},
-      {"B", Type::kByte, "12.5", "0C"},
       {"B", Type::kByte, "257", "01"},
       {"B", Type::kByte, "-1", "FF"},
-      {"B", Type::kByte, "x", "00", false},
       {"S", Type::kInt16, "65537", "01 00"},
       {"L", Type::kInt32, "70000", "70 11 01 00"},
-      {"L", Type::kInt32, "-", "00 00 00 00", false},
       {"TO", Type::kDateTime, "09:30:05", "01 00 01 01 09 1E 05"},
-      {"TMN", Type::kDateTime, "6 0 7", "01 00 01 01 06 00 07"},
       {"TMK", Type::kDateTime, "23:59", "00 00 00 00 00 00 00", false},
       {"DO", Type::kDateTime, "31.12.94", "2E 08 0C 1F 00 00 00"},
       {"DO", Type::kDateTime, "01.02.95", "CB 07 02 01 00 00 00"},
-      {"DO", Type::kDateTime, "01.02.", "00 00 00 00 00 00 00", false},
       {"DL", Type::kDateTime, "27.03", "01 00 03 1B 00 00 00"},
-      {"DS", Type::kDateTime, "30-10", "01 00 0A 1E 00 00 00"},
       {"DSommer", Type::kDateTime, "1/4/16", "01 00 04 01 00 00 00"},
-      {"DWinter", Type::kDateTime, "30", "00 00 00 00 00 00 00", false},
-      {"DWinter", Type::kDateTime, "", "00 00 00 00 00 00 00"},
   };
   for (const Case& c : cases) {
     CAPTURE(c.column);
@@ -84,11 +73,4 @@ TEST_CASE("text items of characters") {
   CHECK(ToHex(value) == "62 61 72 20 00 00 00 00 00 00 00 00 00 00 00");
   CHECK(older::DecodeItem(longText, Item("0123456789abcdef", 16), value));
   CHECK(ToHex(value) == "30 31 32 33 34 35 36 37 38 39 61 62 63 64 65");
-}
-
-TEST_CASE("an item as a message shows it") {
-  using namespace std::string_literals;
-  CHECK(std::string(older::ItemText(Item("?? 1", 8))) == "?? 1");
-  CHECK(std::string(older::ItemText(Hex("8F E0 20 20 00 31 31 31"))) == "Пр"_w);
-  CHECK(std::string(older::ItemText(Item("01234567", 8))) == "01234567");
 }

@@ -58,14 +58,6 @@ TEST_CASE("a request comes in any pieces, and one that breaks off is dropped") {
   CHECK(line.reports == std::vector<std::string>{"A request broke off after 3 bytes."});
 }
 
-TEST_CASE("number 255 is an address like any other") {
-  Settings settings = FixedSettings("521");
-  settings.number = 255;
-  Line line(settings);
-  CHECK(support::ToHex(line.Send(support::Hex("10 FF 3F 00 00 00 00 C1 16"))) ==
-        "10 FF 3F 54 29 04 40 16");
-}
-
 TEST_CASE("settings out of range are refused") {
   const auto with = [](auto change) {
     Settings settings = FixedSettings("521");
