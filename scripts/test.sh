@@ -30,7 +30,7 @@ if [ "$windows" = yes ]; then
   install_wine
   presets+=(windows)
   export WINEDEBUG=-all WINEPREFIX=$PWD/build/wine
-  mkdir -p build
+  mkdir -p "$WINEPREFIX"
 fi
 
 # One Wine for all tests: starting it anew for each would take most of the time.
