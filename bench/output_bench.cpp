@@ -15,19 +15,19 @@ namespace {
 
 constexpr int kRows = 10'000;
 
-constexpr Column kColumns[] = {
-    {"DT", Type::kDateTime, "date", Role::kKey},
-    {"SP", Type::kByte, "code"},
-    {"t1", Type::kFloat, "'C"},
-    {"t2", Type::kFloat, "'C"},
-    {"V1", Type::kFloat, "m3"},
-    {"V2", Type::kFloat, "m3"},
-    {"V3", Type::kFloat, "m3"},
-    {"M1", Type::kFloat, "t"},
-    {"M2", Type::kFloat, "t"},
-    {"M3", Type::kFloat, "t"},
-    {"Q", Type::kFloat, "Gcal"},
-    {"NS", Type::kByte, "code"},
+constexpr tav::Column kColumns[] = {
+    {"DT", tav::Type::kDateTime, "date", tav::Role::kKey},
+    {"SP", tav::Type::kByte, "code"},
+    {"t1", tav::Type::kFloat, "'C"},
+    {"t2", tav::Type::kFloat, "'C"},
+    {"V1", tav::Type::kFloat, "m3"},
+    {"V2", tav::Type::kFloat, "m3"},
+    {"V3", tav::Type::kFloat, "m3"},
+    {"M1", tav::Type::kFloat, "t"},
+    {"M2", tav::Type::kFloat, "t"},
+    {"M3", tav::Type::kFloat, "t"},
+    {"Q", tav::Type::kFloat, "Gcal"},
+    {"NS", tav::Type::kByte, "code"},
 };
 
 // Keeps the write calls of an hourly section of kRows rows.
@@ -45,10 +45,10 @@ class KeepingStream final : public HostStream {
 std::vector<std::vector<std::uint8_t>> Pieces() {
   KeepingStream stream;
   TKSplDrv driver(static_cast<HostStream*>(&stream), nullptr);
-  RecordStream out(driver);
-  out.Title(TitleKind::kHourly, "1", {2016, 3, 2, 12, 10, 0});
-  out.Layout(kColumns, {}, ColumnCount::kAnnounced);
-  std::array<std::uint8_t, RecordSize(kColumns)> row{0xE0, 0x07, 3, 2, 1, 0, 0};
+  tav::RecordStream out(driver);
+  out.Title(tav::TitleKind::kHourly, "1", {2016, 3, 2, 12, 10, 0});
+  out.Layout(kColumns, {}, tav::ColumnCount::kAnnounced);
+  std::array<std::uint8_t, tav::RecordSize(kColumns)> row{0xE0, 0x07, 3, 2, 1, 0, 0};
   for (int i = 0; i < kRows; ++i) {
     for (std::size_t at = 8; at < row.size() - 1; at += 4) {
       const float value = static_cast<float>(i) * 0.37F + static_cast<float>(at);

@@ -9,44 +9,10 @@
 #include <span>
 #include <utility>
 
-#include "TKSplDrv/types.h"
+#include "TKSplDrv/records.h"
 #include "common/does_not_compile.h"
 
-enum class Type : char {
-  kFloat = 'f',     // 4 bytes
-  kDouble = 'd',    // 8 bytes
-  kInt32 = 'L',     // 4 bytes
-  kInt16 = 'S',     // 2 bytes
-  kByte = 'B',      // 1 byte
-  kDateTime = 't',  // a TAVDT, 7 bytes
-  kChars = 'c',     // characters, as many as the column is wide
-};
-
-enum class Role : char {
-  kKey = 'I',          // the date and time of the row
-  kValue = 'd',        // everything else
-  kAccumulated = 'i',  // a value gathered over the interval of the row
-};
-
-// The width of a type that has only one; 0 for characters.
-constexpr std::uint8_t WidthOf(Type type) {
-  switch (type) {
-    case Type::kFloat:
-    case Type::kInt32:
-      return 4;
-    case Type::kDouble:
-      return 8;
-    case Type::kInt16:
-      return 2;
-    case Type::kByte:
-      return 1;
-    case Type::kDateTime:
-      return sizeof(TAVDT);
-    case Type::kChars:
-      break;
-  }
-  return 0;
-}
+namespace tav {
 
 // A unit that stands in the table, or one that the instrument's settings choose.
 struct Unit {
@@ -73,7 +39,7 @@ struct Column {
   Unit unit;
   Role role = Role::kValue;
   const char* caption = nullptr;  // null: the name again
-  const char* group = nullptr;    // null: "default"
+  const char* group = nullptr;    // null: kDefaultGroup
   std::uint8_t width = WidthOf(type);
 };
 
@@ -101,3 +67,5 @@ consteval std::array<Column, N> Join(std::initializer_list<Columns> parts) {
   }
   (std::make_index_sequence<N>());
 }
+
+}  // namespace tav

@@ -14,5 +14,5 @@ class Reader {
 };
 
 // Both answer null when memory is short.
-std::unique_ptr<Reader> MakeOlderReader(TavDrvV1& host);
-std::unique_ptr<Reader> MakeK7Reader(TavDrvV1& host);
+std::unique_ptr<Reader> MakeOlderReader(TavDrvV1& driver);
+std::unique_ptr<Reader> MakeK7Reader(TavDrvV1& driver);

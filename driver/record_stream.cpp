@@ -1,9 +1,11 @@
 #include "driver/record_stream.h"
 
+namespace tav {
+
 void RecordStream::Title(TitleKind kind, const char* section, const TAVDT& time) {
   if (refused_) return;
-  refused_ = host_.WriteTavTitle(static_cast<char>(kind), host_.typeText, host_.versionText,
-                                 host_.numberText, section, &time) == 0;
+  refused_ = driver_.WriteTavTitle(static_cast<char>(kind), driver_.typeText, driver_.versionText,
+                                   driver_.numberText, section, &time) == 0;
 }
 
 bool RecordStream::Layout(Columns columns, const ChosenUnits& units, ColumnCount count) {
@@ -24,8 +26,8 @@ bool RecordStream::Layout(Columns columns, const ChosenUnits& units, ColumnCount
 void RecordStream::Header(const Column& column, const char* unit) {
   if (refused_) return;
   refused_ =
-      host_.WriteShapkaRec(column.name, static_cast<char>(column.type), column.width, unit,
-                           static_cast<char>(column.role), column.caption, column.group) == 0;
+      driver_.WriteShapkaRec(column.name, static_cast<char>(column.type), column.width, unit,
+                             static_cast<char>(column.role), column.caption, column.group) == 0;
 }
 
 void RecordStream::Marker(char marker) {
@@ -35,5 +37,7 @@ void RecordStream::Marker(char marker) {
 
 void RecordStream::Data(std::span<const std::uint8_t> bytes) {
   if (refused_) return;
-  refused_ = host_.WriteDataRec(bytes.data(), static_cast<unsigned long>(bytes.size())) == 0;
+  refused_ = driver_.WriteDataRec(bytes.data(), static_cast<unsigned long>(bytes.size())) == 0;
 }
+
+}  // namespace tav

@@ -8,29 +8,22 @@
 #include "TKSplDrv/driver.h"
 #include "driver/column.h"
 
-enum class TitleKind : char {
-  kCurrent = 'O',
-  kHourly = 'H',
-  kDaily = 'D',
-  kMonthly = 'M',
-  kLog = 'S',
-  kDatabase = 'B',
-};
+namespace tav {
 
 // Whether a layout announces the number of its columns before them.
 enum class ColumnCount { kAnnounced, kLeftOut };
 
 class RecordStream {
  public:
-  explicit RecordStream(TavDrvV1& host) : host_(host) {}
+  explicit RecordStream(TavDrvV1& driver) : driver_(driver) {}
 
   // The order of a title record: kind, model, version, number, section, the instrument's time.
   void Title(TitleKind kind, const char* section, const TAVDT& time);
   // The column headers. False when a column's unit was not chosen: the headers end before it, and
   // the count, already written, is larger than what follows; intended.
   bool Layout(Columns columns, const ChosenUnits& units, ColumnCount count);
-  void RowMarker() { Marker('g'); }
-  void EndMarker() { Marker('s'); }
+  void RowMarker() { Marker(kRowMarker); }
+  void EndMarker() { Marker(kEndMarker); }
   void Data(std::span<const std::uint8_t> bytes);
 
   bool Refused() const { return refused_; }
@@ -39,6 +32,8 @@ class RecordStream {
   void Header(const Column& column, const char* unit);
   void Marker(char marker);
 
-  TavDrvV1& host_;
+  TavDrvV1& driver_;
   bool refused_ = false;
 };
+
+}  // namespace tav

@@ -4,8 +4,7 @@
 #include <cstdint>
 
 #include "TKSplDrv/types.h"
-#include "driver/column.h"
-#include "driver/record_stream.h"
+#include "k7/tables.h"
 
 namespace k7 {
 

@@ -4,9 +4,9 @@
 
 #include <cstddef>
 
-#include "driver/column.h"
 #include "k7/items.h"
 #include "k7/record.h"
+#include "k7/tables.h"
 
 namespace k7 {
 

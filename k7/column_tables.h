@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "common/cp1251.h"
-#include "driver/column.h"
+#include "k7/tables.h"
 
 namespace k7 {
 

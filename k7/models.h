@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <span>
 
-#include "driver/column.h"
 #include "k7/archive_records.h"
 #include "k7/database_layouts.h"
+#include "k7/tables.h"
 
 namespace k7 {
 

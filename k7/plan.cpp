@@ -3,7 +3,7 @@
 #include "common/cp1251.h"
 #include "common/format.h"
 #include "driver/read_groups.h"
-#include "k7/host_messages.h"
+#include "k7/messages.h"
 
 namespace k7 {
 namespace {
@@ -38,8 +38,8 @@ constexpr const char* kFailed = "ошибка"_w;
 }  // namespace
 
 bool Plan::Stopped() {
-  if (host_.IsStop() == 0) return false;
-  host_.ReadStop(false);
+  if (driver_.IsStop() == 0) return false;
+  driver_.ReadStop(false);
   return true;
 }
 
@@ -47,38 +47,38 @@ bool Plan::Stopped() {
 template <typename Read>
 bool Plan::Step(const char* subject, Report report, Read read) {
   if (Stopped()) return false;
-  Say(host_, kBegun, subject);
+  Say(driver_, kBegun, subject);
   const bool done = read();
   if (out_.Refused()) return false;
-  Say(host_, done == (report == Report::kPlain) ? kSucceeded : kFailed, subject);
+  Say(driver_, done == (report == Report::kPlain) ? kSucceeded : kFailed, subject);
   return true;
 }
 
 bool Plan::ReadPlan(std::uint8_t system) {
-  common::SetText(host_.sectionText, common::Format("%s%u", "ТВ"_w, unsigned{system}));
-  Say(host_, host_.sectionText, "Ch");
+  common::SetText(driver_.sectionText, common::Format("%s%u", "ТВ"_w, unsigned{system}));
+  Say(driver_, driver_.sectionText, "Ch");
   return ReadCurrentAndTotals(system) && ReadPeriodicArchives(system) &&
          ReadDatabaseAndLogs(system);
 }
 
 bool Plan::ReadCommonDatabase() {
-  return !GroupWanted(host_, kDatabaseGroup) ||
+  return !GroupWanted(driver_, kDatabaseGroup) ||
          Step("Чтение БД ОВ"_w, Report::kSwapped, [this] { return sections_.ReadDatabase(0); });
 }
 
 bool Plan::ReadCurrentAndTotals(std::uint8_t system) {
-  if (!GroupWanted(host_, 'T')) return true;
+  if (!GroupWanted(driver_, 'T')) return true;
   if (Stopped()) return false;
   constexpr const char* kSubject = "Чтение текущих"_w;
-  Say(host_, kBegun, kSubject);
+  Say(driver_, kBegun, kSubject);
   if (!sections_.ReadCurrent(system) || !sections_.ReadTotals(system)) return false;
-  Say(host_, kSucceeded, kSubject);
+  Say(driver_, kSucceeded, kSubject);
   return true;
 }
 
 bool Plan::ReadPeriodicArchives(std::uint8_t system) {
   for (const ArchiveStep& step : kPeriodicSteps) {
-    if (GroupWanted(host_, step.group) && !Step(step.subject, Report::kPlain, [&] {
+    if (GroupWanted(driver_, step.group) && !Step(step.subject, Report::kPlain, [&] {
           return sections_.ReadPeriodic(system, step.kind);
         })) {
       return false;
@@ -88,7 +88,7 @@ bool Plan::ReadPeriodicArchives(std::uint8_t system) {
 }
 
 bool Plan::ReadDatabaseAndLogs(std::uint8_t system) {
-  if (!GroupWanted(host_, kDatabaseGroup)) return true;
+  if (!GroupWanted(driver_, kDatabaseGroup)) return true;
   if (!Step("Чтение БД ТВ"_w, Report::kSwapped, [&] { return sections_.ReadDatabase(system); })) {
     return false;
   }

@@ -4,17 +4,17 @@
 #include <cstdint>
 
 #include "TKSplDrv/driver.h"
-#include "driver/record_stream.h"
 #include "k7/models.h"
 #include "k7/sections.h"
+#include "k7/tables.h"
 
 namespace k7 {
 
 class Plan {
  public:
   // All outlive the plan.
-  Plan(TavDrvV1& host, RecordStream& out, Sections& sections)
-      : host_(host), out_(out), sections_(sections) {}
+  Plan(TavDrvV1& driver, RecordStream& out, Sections& sections)
+      : driver_(driver), out_(out), sections_(sections) {}
 
   // Every group of one system that the host asked for. False when the current values or the totals
   // failed, the host asked to stop (ReadStop was then called) or refused a record.
@@ -34,7 +34,7 @@ class Plan {
   bool ReadPeriodicArchives(std::uint8_t system);
   bool ReadDatabaseAndLogs(std::uint8_t system);
 
-  TavDrvV1& host_;
+  TavDrvV1& driver_;
   RecordStream& out_;
   Sections& sections_;
 };

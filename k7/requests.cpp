@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "k7/host_messages.h"
+#include "k7/messages.h"
 
 namespace k7 {
 namespace {
@@ -82,7 +82,7 @@ bool Requests::ReadParams(std::uint8_t channel, std::uint16_t first, std::size_t
   const int result = QueryRange(channel, first, count);
   if (result < 1) return false;
   if (result == kReadParameters) return true;
-  SayWrongCommand(host_, kReadParameters, result, subject);
+  SayWrongCommand(driver_, kReadParameters, result, subject);
   return false;
 }
 
@@ -91,7 +91,7 @@ bool Requests::ReadParamBlock(std::uint8_t channel, std::uint16_t first, std::si
   const int result = QueryRange(channel, first, count);
   if (result <= 0) return result != 0;
   if (result != kReadParameters) {
-    SayWrongCommand(host_, kReadParameters, result, "error basic");
+    SayWrongCommand(driver_, kReadParameters, result, "error basic");
     for (std::size_t i = 0; i < count; ++i) out_.Data(Entry{});
     return false;
   }

@@ -7,9 +7,9 @@
 #include <span>
 
 #include "TKSplDrv/driver.h"
-#include "driver/record_stream.h"
 #include "k7/items.h"
 #include "k7/reply.h"
+#include "k7/tables.h"
 #include "k7/transport.h"
 
 namespace k7 {
@@ -30,8 +30,8 @@ ArchiveRequest BuildArchiveRequest(std::uint8_t channel, std::uint8_t kind, std:
 class Requests {
  public:
   // All three outlive the requests.
-  Requests(TavDrvV1& host, Transport& transport, RecordStream& out)
-      : host_(host), transport_(transport), out_(out) {}
+  Requests(TavDrvV1& driver, Transport& transport, RecordStream& out)
+      : driver_(driver), transport_(transport), out_(out) {}
 
   // The accepted reply of the last request, ReplyBuf.
   Reply& LastReply() { return reply_; }
@@ -60,7 +60,7 @@ class Requests {
   static constexpr std::size_t kReferenceSize = 5;
   static constexpr std::size_t kMostReferences = 32;
 
-  TavDrvV1& host_;
+  TavDrvV1& driver_;
   Transport& transport_;
   RecordStream& out_;
   Reply reply_;

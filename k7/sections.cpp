@@ -3,8 +3,8 @@
 #include "TKSplDrv/conversions.h"
 #include "common/cp1251.h"
 #include "common/format.h"
-#include "k7/host_messages.h"
 #include "k7/layouts.h"
+#include "k7/messages.h"
 
 namespace k7 {
 namespace {
@@ -46,7 +46,7 @@ bool Sections::ReadTotals(std::uint8_t system) {
 }
 
 bool Sections::ReadTable(std::uint8_t system, const ParameterTable& table, const char* section) {
-  Say(host_, section, "Oper");
+  Say(driver_, section, "Oper");
   if (!requests_.ReadParams(system, table.first, table.columns.size(), table.errorSubject)) {
     if (model_->endsFailedRead) out_.EndMarker();
     return false;
@@ -55,7 +55,7 @@ bool Sections::ReadTable(std::uint8_t system, const ParameterTable& table, const
   Record record;
   DecodeColumns(table.columns, items, record);
   if (table.mayBeIdle && record.Bytes()[0] == kIdleState) {
-    Say(host_, "СП=99"_w, "Чтение не целесообразно"_w);
+    Say(driver_, "СП=99"_w, "Чтение не целесообразно"_w);
     return false;
   }
   out_.Title(TitleKind::kCurrent, section, identity_.devClock);
@@ -68,7 +68,7 @@ bool Sections::ReadTable(std::uint8_t system, const ParameterTable& table, const
 void Sections::StartArchive(std::uint8_t system, const ArchiveKind& kind) {
   const common::ShortText name = SectionName(system, kind.suffix);
   out_.Title(kind.title, name, identity_.devClock);
-  Say(host_, common::Format("Start Read %s", name.characters), kind.startSubject);
+  Say(driver_, common::Format("Start Read %s", name.characters), kind.startSubject);
 }
 
 const ArchiveTable& Sections::TableOf(Kind kind) const {
@@ -76,7 +76,7 @@ const ArchiveTable& Sections::TableOf(Kind kind) const {
 }
 
 bool Sections::FailQuery(const TAVDT& date) {
-  Say(host_, DateText(date), "query error");
+  Say(driver_, DateText(date), "query error");
   out_.EndMarker();
   return false;
 }
@@ -85,8 +85,8 @@ bool Sections::ReadPeriodic(std::uint8_t system, Kind code) {
   const ArchiveKind& kind = Describe(code);
   StartArchive(system, kind);
   out_.Layout(TableOf(code).columns, Units(), ColumnCount::kLeftOut);
-  std::int64_t left = RecordsBetween(kind.period, ToTav(host_.dateFrom), ToTav(host_.dateTo));
-  SYSTEMTIME cursor = host_.dateFrom;
+  std::int64_t left = RecordsBetween(kind.period, ToTav(driver_.dateFrom), ToTav(driver_.dateTo));
+  SYSTEMTIME cursor = driver_.dateFrom;
   CutToPeriod(kind.period, cursor);
   for (; left > 0 && !out_.Refused(); --left) {
     if (!ReadPeriod(system, kind, ToTav(cursor))) return false;
@@ -98,12 +98,12 @@ bool Sections::ReadPeriodic(std::uint8_t system, Kind code) {
 
 // A reply to another command is reported and passed over.
 bool Sections::ReadPeriod(std::uint8_t system, const ArchiveKind& kind, const TAVDT& from) {
-  Say(host_, DateText(from), "read...");
+  Say(driver_, DateText(from), "read...");
   const int result = requests_.ReadArchive(system, static_cast<std::uint8_t>(kind.kind),
-                                           kPeriodicSelector, from, ToTav(host_.dateTo));
+                                           kPeriodicSelector, from, ToTav(driver_.dateTo));
   if (result < 0) return FailQuery(from);
   if (result != kReadArchive) {
-    Say(host_, DateText(from), "fn error");
+    Say(driver_, DateText(from), "fn error");
     return true;
   }
   return WriteRecords(kind, &Sections::WriteArchiveRecord);
@@ -111,18 +111,18 @@ bool Sections::ReadPeriod(std::uint8_t system, const ArchiveKind& kind, const TA
 
 bool Sections::ReadEvents(std::uint8_t system, Kind code) {
   const ArchiveKind& kind = Describe(code);
-  const TAVDT from = ToTav(host_.dateFrom);
-  const TAVDT to = ToTav(host_.dateTo);
+  const TAVDT from = ToTav(driver_.dateFrom);
+  const TAVDT to = ToTav(driver_.dateTo);
   StartArchive(system, kind);
   out_.Layout(kind.log, Units(), ColumnCount::kAnnounced);
   if (out_.Refused()) return false;
-  Say(host_, DateText(from), "reda begin ...");
-  Say(host_, DateText(to), "reda end ...");
+  Say(driver_, DateText(from), "reda begin ...");
+  Say(driver_, DateText(to), "reda end ...");
   const int result =
       requests_.ReadArchive(system, static_cast<std::uint8_t>(code), kLogSelector, from, to);
   if (result < 0) return FailQuery(from);
   // Reported, but the reply is still looked at: intended.
-  if (result != kReadArchive) Say(host_, DateText(from), "fn error");
+  if (result != kReadArchive) Say(driver_, DateText(from), "fn error");
   if (!WriteRecords(kind, &Sections::WriteEvent)) return false;
   out_.EndMarker();
   return !out_.Refused();
@@ -135,7 +135,7 @@ bool Sections::WriteRecords(const ArchiveKind& kind, WriteRecord write) {
   Stamp stamp;
   int result = kNoMoreRecords;
   while (!out_.Refused() && (result = SkipToRecord(items, reply.length, stamp)) > 0) {
-    Say(host_, DateText(stamp.time), "detect ...");
+    Say(driver_, DateText(stamp.time), "detect ...");
     out_.RowMarker();
     (this->*write)(kind, stamp, items);
   }
@@ -149,7 +149,7 @@ void Sections::WriteArchiveRecord(const ArchiveKind& kind, const Stamp& stamp, I
   if (model_->datedRecords) {
     items.ItemTime(date);
     items.ItemDate(date);
-    Say(host_, kind.name, DateText(date));
+    Say(driver_, kind.name, DateText(date));
   }
   const ArchiveTable& table = TableOf(kind.kind);
   out_.Data(DecodeArchive(table.columns, table.closing, date, items).Bytes());

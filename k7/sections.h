@@ -4,11 +4,11 @@
 #include <cstdint>
 
 #include "TKSplDrv/driver.h"
-#include "driver/record_stream.h"
 #include "k7/archive_kinds.h"
 #include "k7/models.h"
 #include "k7/requests.h"
 #include "k7/session.h"
+#include "k7/tables.h"
 
 namespace k7 {
 
@@ -17,8 +17,8 @@ namespace k7 {
 class Sections {
  public:
   // All outlive the sections. The identity is looked at when something is read.
-  Sections(TavDrvV1& host, Requests& requests, RecordStream& out, const Identity& identity)
-      : host_(host), requests_(requests), out_(out), identity_(identity) {}
+  Sections(TavDrvV1& driver, Requests& requests, RecordStream& out, const Identity& identity)
+      : driver_(driver), requests_(requests), out_(out), identity_(identity) {}
 
   // Before anything is read.
   void SetModel(const Model& model) { model_ = &model; }
@@ -45,7 +45,7 @@ class Sections {
   bool FailQuery(const TAVDT& date);
   ChosenUnits Units() const;
 
-  TavDrvV1& host_;
+  TavDrvV1& driver_;
   Requests& requests_;
   RecordStream& out_;
   const Identity& identity_;

@@ -4,8 +4,8 @@
 #include <span>
 
 #include "common/format.h"
-#include "k7/host_messages.h"
 #include "k7/items.h"
+#include "k7/messages.h"
 
 namespace k7 {
 namespace {
@@ -28,7 +28,7 @@ int Session::Connect(std::uint8_t address, FrameMode mode) {
   const int result = transport_.K7Query(kIdentify, kNoData, requests_.LastReply());
   if (result < 1) return result;
   if (result != kIdentify) {
-    SayWrongCommand(host_, kIdentify, result, "error start");
+    SayWrongCommand(driver_, kIdentify, result, "error start");
     return kNotIdentified;
   }
   return Identify();
@@ -42,7 +42,7 @@ int Session::Identify() {
   if (introduction == nullptr) {
     common::SetText(identity_.devName, "NONAME");
     // The blank at the end tells this from the other error at the start: intended.
-    Say(host_, common::Format("undefined %X", unsigned{code}), "error start ");
+    Say(driver_, common::Format("undefined %X", unsigned{code}), "error start ");
     return kNotIdentified;
   }
   common::SetText(identity_.devName, introduction->name);
@@ -58,7 +58,7 @@ bool Session::ReadBasic() {
   const int result = requests_.QueryParams(0, model->basicParameters);
   if (result <= 0) return result != 0;
   if (result != kReadParameters) {
-    SayWrongCommand(host_, kReadParameters, result, "error basic");
+    SayWrongCommand(driver_, kReadParameters, result, "error basic");
     return false;
   }
   DecodeBasic(*model);
@@ -81,7 +81,7 @@ bool Session::ReadClock() {
   Items items(requests_.LastReply().bytes);
   items.ItemTime(identity_.devClock);
   items.ItemDate(identity_.devClock);
-  Say(host_, DateText(identity_.devClock), "DT");
+  Say(driver_, DateText(identity_.devClock), "DT");
   return true;
 }
 

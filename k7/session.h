@@ -28,8 +28,8 @@ class Session {
   static constexpr int kNotIdentified = -11;
 
   // All three outlive the session.
-  Session(TavDrvV1& host, Transport& transport, Requests& requests)
-      : host_(host), transport_(transport), requests_(requests) {}
+  Session(TavDrvV1& driver, Transport& transport, Requests& requests)
+      : driver_(driver), transport_(transport), requests_(requests) {}
 
   const Identity& GetIdentity() const { return identity_; }
 
@@ -44,7 +44,7 @@ class Session {
   int Identify();
   void DecodeBasic(const Model& model);
 
-  TavDrvV1& host_;
+  TavDrvV1& driver_;
   Transport& transport_;
   Requests& requests_;
   Identity identity_;

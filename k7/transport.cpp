@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "k7/host_messages.h"
+#include "k7/messages.h"
 #include "platform/platform.h"
 
 namespace k7 {
@@ -32,14 +32,14 @@ void Transport::WakeUp(Reply& reply) {
 
 int Transport::K7Query(std::uint8_t command, std::span<const std::uint8_t> data, Reply& reply) {
   ++seqNo_;
-  const int attempts = host_.param[0];
+  const int attempts = driver_.param[0];
   for (int i = 0; i < attempts; ++i) {
-    if (host_.IsStop() != 0) return kStoppedByHost;
+    if (driver_.IsStop() != 0) return kStoppedByHost;
     const int result = Exchange(command, data, reply);
     if (result > 0) return result;
-    Say(host_, common::Format("i=%d count=%d", i + 1, attempts), "warning query");
+    Say(driver_, common::Format("i=%d count=%d", i + 1, attempts), "warning query");
   }
-  Say(host_, common::Format("count=%d", attempts), "error query");
+  Say(driver_, common::Format("count=%d", attempts), "error query");
   return kAttemptsUsed;
 }
 
@@ -81,16 +81,16 @@ int Transport::ReceiveShortFrame(Reply& reply) {
 template <typename Find>
 int Transport::Receive(Find find, Reply& reply) {
   for (std::size_t ir = 0; ir < kReceiveLimit; ++ir) {
-    if (host_.IsStop() != 0) return kStoppedByHost;
+    if (driver_.IsStop() != 0) return kStoppedByHost;
     if (Read(kByteTimeoutMs, 1, &rxBuf_[ir]) < 1) {
-      Say(host_, common::Format("ir=%d", static_cast<int>(ir)), "error read (0)");
+      Say(driver_, common::Format("ir=%d", static_cast<int>(ir)), "error read (0)");
       return kNoByte;
     }
     const SearchResult found = find(ir);
     if (found.state == SearchResult::State::kFound) return Accept(found, reply);
     if (found.state == SearchResult::State::kEndless) return WaitForStop();
   }
-  Say(host_, common::Format("ir=%d", static_cast<int>(kReceiveLimit)), "error read full");
+  Say(driver_, common::Format("ir=%d", static_cast<int>(kReceiveLimit)), "error read full");
   return kNoFrame;
 }
 
@@ -103,20 +103,20 @@ int Transport::Accept(const SearchResult& found, Reply& reply) const {
 
 // A search without an end must not take the processor for as long as the host lets it run.
 int Transport::WaitForStop() {
-  while (host_.IsStop() == 0) platform::Sleep(kStopPollMs);
+  while (driver_.IsStop() == 0) platform::Sleep(kStopPollMs);
   return kStoppedByHost;
 }
 
 // Whether it was written shows when no reply comes.
 void Transport::Write(std::span<const std::uint8_t> bytes) {
-  if (host_.port == nullptr) return;
-  host_.port->Write(bytes.data(), static_cast<unsigned>(bytes.size()));
+  if (driver_.port == nullptr) return;
+  driver_.port->Write(bytes.data(), static_cast<unsigned>(bytes.size()));
   platform::TerminationPoint();
 }
 
 int Transport::Read(unsigned timeoutMs, unsigned count, std::uint8_t* destination) {
-  if (host_.port == nullptr) return 0;
-  const int received = host_.port->Read(timeoutMs, count, destination);
+  if (driver_.port == nullptr) return 0;
+  const int received = driver_.port->Read(timeoutMs, count, destination);
   platform::TerminationPoint();
   return received;
 }

@@ -25,7 +25,7 @@ enum class FrameMode : std::uint8_t { kShort = 1, kLong = 2 };
 class Transport {
  public:
   // host outlives the transport. Its parameter 1 is the number of attempts.
-  explicit Transport(TavDrvV1& host) : host_(host) {}
+  explicit Transport(TavDrvV1& driver) : driver_(driver) {}
 
   // Starts a link from its initial state.
   void Open(std::uint8_t address, FrameMode mode);
@@ -49,7 +49,7 @@ class Transport {
   void Write(std::span<const std::uint8_t> bytes);
   int Read(unsigned timeoutMs, unsigned count, std::uint8_t* destination);
 
-  TavDrvV1& host_;
+  TavDrvV1& driver_;
   FrameMode frameMode_ = FrameMode::kLong;
   std::uint8_t devAddr_ = 0;
   std::uint8_t seqNo_ = 0;

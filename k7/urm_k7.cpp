@@ -3,7 +3,7 @@
 
 #include "common/format.h"
 #include "driver/reader.h"
-#include "k7/host_messages.h"
+#include "k7/messages.h"
 #include "k7/plan.h"
 #include "k7/sections.h"
 #include "k7/session.h"
@@ -14,14 +14,14 @@ namespace {
 // Holds the buffers of every layer, about half a megabyte: one allocation, none while reading.
 class UrmK7 final : public Reader {
  public:
-  explicit UrmK7(TavDrvV1& host)
-      : host_(host),
-        transport_(host),
-        out_(host),
-        requests_(host, transport_, out_),
-        session_(host, transport_, requests_),
-        sections_(host, requests_, out_, session_.GetIdentity()),
-        plan_(host, out_, sections_) {}
+  explicit UrmK7(TavDrvV1& driver)
+      : driver_(driver),
+        transport_(driver),
+        out_(driver),
+        requests_(driver, transport_, out_),
+        session_(driver, transport_, requests_),
+        sections_(driver, requests_, out_, session_.GetIdentity()),
+        plan_(driver, out_, sections_) {}
 
   int Run() override;
 
@@ -31,7 +31,7 @@ class UrmK7 final : public Reader {
   void Introduce();
   int ReadSystems(const Model& model);
 
-  TavDrvV1& host_;
+  TavDrvV1& driver_;
   Transport transport_;
   RecordStream out_;
   Requests requests_;
@@ -42,7 +42,7 @@ class UrmK7 final : public Reader {
 
 int UrmK7::Run() {
   if (!Open()) {
-    Say(host_, "error", "Init");
+    Say(driver_, "error", "Init");
     return -1;
   }
   if (!session_.ReadBasic()) return 0;
@@ -50,7 +50,7 @@ int UrmK7::Run() {
   if (!session_.ReadClock()) return 0;
   const Model* const model = FindModel(session_.GetIdentity().devType);
   if (model == nullptr) {
-    Say(host_, "device not supported", "error");
+    Say(driver_, "device not supported", "error");
     return 0;
   }
   sections_.SetModel(*model);
@@ -63,21 +63,21 @@ bool UrmK7::Open() {
 }
 
 bool UrmK7::Answers(FrameMode mode, const char* name, const char* answered) {
-  Say(host_, name, "Init...");
-  if (session_.Connect(static_cast<std::uint8_t>(host_.numberN), mode) < 1) return false;
-  Say(host_, answered, "Init");
+  Say(driver_, name, "Init...");
+  if (session_.Connect(static_cast<std::uint8_t>(driver_.numberN), mode) < 1) return false;
+  Say(driver_, answered, "Init");
   return true;
 }
 
 // The titles take these texts from the host object.
 void UrmK7::Introduce() {
   const Identity& identity = session_.GetIdentity();
-  common::SetText(host_.typeText, identity.devName);
-  common::SetText(host_.versionText, identity.devVersion);
-  common::SetText(host_.numberText, identity.devNumber);
-  Say(host_, identity.devName, "Tip");
-  Say(host_, identity.devVersion, "Version");
-  Say(host_, identity.devNumber, "Numer");
+  common::SetText(driver_.typeText, identity.devName);
+  common::SetText(driver_.versionText, identity.devVersion);
+  common::SetText(driver_.numberText, identity.devNumber);
+  Say(driver_, identity.devName, "Tip");
+  Say(driver_, identity.devVersion, "Version");
+  Say(driver_, identity.devNumber, "Numer");
 }
 
 // All systems are read, also after one that failed or that the host stopped: its ReadStop has
@@ -95,6 +95,6 @@ int UrmK7::ReadSystems(const Model& model) {
 }  // namespace
 }  // namespace k7
 
-std::unique_ptr<Reader> MakeK7Reader(TavDrvV1& host) {
-  return std::unique_ptr<Reader>(new (std::nothrow) k7::UrmK7(host));
+std::unique_ptr<Reader> MakeK7Reader(TavDrvV1& driver) {
+  return std::unique_ptr<Reader>(new (std::nothrow) k7::UrmK7(driver));
 }

@@ -11,10 +11,10 @@ namespace {
 void ReadContinuously(TKSplImpl& reader, const Model& model) {
   reader.SayNewValues();
   reader.progress.continuous = 1;
-  while (reader.host.IsStop() == 0) {
+  while (reader.driver.IsStop() == 0) {
     Nonstop(reader, model);
     if (reader.out.Refused()) {
-      reader.host.ReadStop(false);
+      reader.driver.ReadStop(false);
       return;
     }
   }
@@ -25,24 +25,24 @@ void ReadContinuously(TKSplImpl& reader, const Model& model) {
 int TKSplImpl::Run() {
   if (!IdentifyWithAttempts(*this, 0)) {
     Say("Error Init", "Start Opros");
-    host.ReadStop(false);
+    driver.ReadStop(false);
     return 0;
   }
   SendIdentity(*this);
   progress = {};
   const Model* model = FindModel(type);
   if (model == nullptr || !ReadInstrument(*this, *model) || out.Refused()) {
-    host.ReadStop(false);
+    driver.ReadStop(false);
   } else if (policy.continuous) {
     ReadContinuously(*this, *model);
   } else {
-    host.ReadStop(true);
+    driver.ReadStop(true);
   }
   return 0;
 }
 
 }  // namespace older
 
-std::unique_ptr<Reader> MakeOlderReader(TavDrvV1& host) {
-  return std::unique_ptr<Reader>(new (std::nothrow) older::TKSplImpl(host));
+std::unique_ptr<Reader> MakeOlderReader(TavDrvV1& driver) {
+  return std::unique_ptr<Reader>(new (std::nothrow) older::TKSplImpl(driver));
 }

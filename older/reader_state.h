@@ -7,9 +7,9 @@
 
 #include "TKSplDrv/driver.h"
 #include "driver/reader.h"
-#include "driver/record_stream.h"
 #include "older/link/link.h"
 #include "older/session/policy.h"
+#include "older/tables.h"
 
 namespace older {
 
@@ -38,17 +38,17 @@ static_assert(sizeof(ReadingProgress) == 148);
 using UnitText = std::array<char, 16>;
 
 struct TKSplImpl final : Reader {
-  explicit TKSplImpl(TavDrvV1& driver) : host(driver), policy(driver), link(driver), out(driver) {}
+  explicit TKSplImpl(TavDrvV1& bound) : driver(bound), policy(bound), link(bound), out(bound) {}
 
   // The poll routine: identifies, reads, reports. Always 0, the thread's exit code.
   int Run() override;
 
   // A message with code 0.
-  void Say(const char* text1, const char* text2) { host.MessageTav(nullptr, text1, text2, 0); }
+  void Say(const char* text1, const char* text2) { driver.MessageTav(nullptr, text1, text2, 0); }
   // The notice that new values are there: two empty texts and code 1.
-  void SayNewValues() { host.MessageTav(nullptr, "", "", 1); }
+  void SayNewValues() { driver.MessageTav(nullptr, "", "", 1); }
 
-  TavDrvV1& host;
+  TavDrvV1& driver;
   const Policy policy;
   Link link;
   RecordStream out;

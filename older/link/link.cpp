@@ -20,20 +20,20 @@ void Link::WakeUp() {
   const char wakeUp = '\xFF';
   for (int i = 0; i < kWakeUpBytes; ++i) {
     platform::Sleep(kWakeUpSpacing);
-    if (host_.WritePort(0, &wakeUp, 1) == 0) break;
+    if (driver_.WritePort(0, &wakeUp, 1) == 0) break;
   }
   Receive(0, 0);
   platform::Sleep(kWakeUpSettling);
 }
 
 ExchangeError Link::Send(const Request& request, LineControl control) {
-  const auto frame = BuildRequest(static_cast<std::uint8_t>(host_.numberN), request);
+  const auto frame = BuildRequest(static_cast<std::uint8_t>(driver_.numberN), request);
   if (control == LineControl::kCalled) {
-    host_.port->Control(kControlDrop);
+    driver_.port->Control(kControlDrop);
     platform::TerminationPoint();
   }
   const auto* bytes = reinterpret_cast<const char*>(frame.data());
-  const bool whole = host_.WritePort(0, bytes, int{kRequestSize}) == kRequestSize;
+  const bool whole = driver_.WritePort(0, bytes, int{kRequestSize}) == kRequestSize;
   return whole ? ExchangeError::kNone : ExchangeError::kWrite;
 }
 
@@ -41,7 +41,7 @@ ExchangeError Link::ReadReply(std::span<std::uint8_t> data) {
   reply_.fill(0);
   const std::size_t size = data.size();
   if (size + kReplyOverhead > reply_.size()) {
-    host_.MessageTav(nullptr, "error len buffer_rnb", "error", 0);
+    driver_.MessageTav(nullptr, "error len buffer_rnb", "error", 0);
     return ExchangeError::kNoBuffer;
   }
   if (Receive(0, kHeaderSize) < int{kHeaderSize}) return ExchangeError::kNoHeader;
@@ -86,7 +86,7 @@ ExchangeError Link::ReadFlash(std::uint16_t firstPage, std::span<std::uint8_t> p
 }
 
 int Link::Receive(std::size_t position, unsigned count) {
-  const int received = host_.port->Read(kReadLimit, count, reply_.data() + position);
+  const int received = driver_.port->Read(kReadLimit, count, reply_.data() + position);
   platform::TerminationPoint();
   return received;
 }

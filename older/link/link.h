@@ -18,7 +18,7 @@ enum class LineControl {
 
 class Link {
  public:
-  explicit Link(TavDrvV1& host) : host_(host) {}
+  explicit Link(TavDrvV1& driver) : driver_(driver) {}
 
   // The burst of 0xFF that wakes an instrument, and the pause in which it gets ready. What the port
   // answers to it does not matter.
@@ -46,7 +46,7 @@ class Link {
   int Receive(std::size_t position, unsigned count);
   ExchangeError ReadErrorReply();
 
-  TavDrvV1& host_;
+  TavDrvV1& driver_;
   std::array<std::uint8_t, 1024> reply_{};  // every reply of every request passes through it
 };
 

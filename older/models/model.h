@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <span>
 
-#include "driver/column.h"
 #include "older/reader_state.h"
 #include "older/session/attempts.h"
+#include "older/tables.h"
 
 namespace older {
 

@@ -78,7 +78,7 @@ static_assert(std::size(kOperLayout521) == 13 && RecordSize(kOperLayout521) == 4
 
 // Firmware whose version begins with w measures in SI units.
 ChosenUnits Units521(const TKSplImpl& reader, int /*system*/) {
-  if (reader.host.versionText[0] == 'w') return {"МПа"_w, "ГДж"_w};
+  if (reader.driver.versionText[0] == 'w') return {"МПа"_w, "ГДж"_w};
   return {"кг/см2"_w, "ГКал"_w};
 }
 
@@ -134,7 +134,7 @@ ReadResult ReadDatabase521(TKSplImpl& reader, const Block& block, int /*system*/
                            std::span<std::uint8_t> record) {
   DatabasePages pages{};
   const AttemptPlan plan{.name = block.attempts, .confirmation = ForOthers(reader.policy)};
-  const ReadResult result = Attempt(reader.host, reader.policy, plan, pages,
+  const ReadResult result = Attempt(reader.driver, reader.policy, plan, pages,
                                     [&] { return RequestDatabase(reader, pages); });
   if (result.done) ConvertDatabase(pages, reader.versionIndex, record);
   return result;
@@ -169,7 +169,7 @@ ExchangeError RequestOperative(TKSplImpl& reader, std::span<std::uint8_t> record
 ReadResult ReadOperative521(TKSplImpl& reader, const Block& block, int /*system*/,
                             std::span<std::uint8_t> record) {
   const AttemptPlan plan{.name = block.attempts, .confirmation = ForOthers(reader.policy)};
-  return Attempt(reader.host, reader.policy, plan, record,
+  return Attempt(reader.driver, reader.policy, plan, record,
                  [&] { return RequestOperative(reader, record); });
 }
 

@@ -14,7 +14,7 @@ bool ReadRecords(TKSplImpl& reader, const ReadPart& part, const Period& period, 
   const ArchiveRecord& archive = part.model.archives[static_cast<int>(period.kind)].record;
   std::array<std::uint8_t, kLargestArchiveRecord> buffer{};
   const auto record = std::span(buffer).first(RecordSize(archive.columns));
-  while (period.Includes(date, reader.host.dateTo)) {
+  while (period.Includes(date, reader.driver.dateTo)) {
     period.cut(date);
     if (ReadArchiveRecord(reader, archive, period.function, date, part.model.tellsArchives, record)
             .done) {
@@ -26,7 +26,7 @@ bool ReadRecords(TKSplImpl& reader, const ReadPart& part, const Period& period, 
       reader.out.EndMarker();
       return false;
     }
-    reader.host.IncPr(1);
+    reader.driver.IncPr(1);
   }
   return true;
 }
@@ -35,7 +35,7 @@ bool ReadArchiveSection(TKSplImpl& reader, const ReadPart& part, const Period& p
   const ArchiveSection& section = part.model.archives[static_cast<int>(period.kind)];
   if (Stopped(reader)) return false;
   TellStart(reader, part, part.model.start, section.startName);
-  SYSTEMTIME date = reader.host.dateFrom;
+  SYSTEMTIME date = reader.driver.dateFrom;
   reader.out.Title(period.title, part.name, reader.InstrumentClock);
   WriteArchiveLayout(reader, part, section.record);
   if (reader.out.Refused() || !ReadRecords(reader, part, period, date)) return false;
@@ -47,7 +47,7 @@ bool ReadArchiveSection(TKSplImpl& reader, const ReadPart& part, const Period& p
 // The hours are read for the upper-case letter alone, though they are planned for both: intended.
 bool HoursWanted(const TKSplImpl& reader) {
   static_assert(kReadGroupLetters[0] == 'H');
-  return reader.host.groupFlag[0] != 0;
+  return reader.driver.groupFlag[0] != 0;
 }
 
 }  // namespace
@@ -58,8 +58,8 @@ void WriteArchiveLayout(TKSplImpl& reader, const ReadPart& part, const ArchiveRe
 }
 
 bool ReadArchiveSections(TKSplImpl& reader, const ReadPart& part) {
-  if (GroupWanted(reader.host, 'M') && !ReadArchiveSection(reader, part, kMonths)) return false;
-  if (GroupWanted(reader.host, 'S') && !ReadArchiveSection(reader, part, kDays)) return false;
+  if (GroupWanted(reader.driver, 'M') && !ReadArchiveSection(reader, part, kMonths)) return false;
+  if (GroupWanted(reader.driver, 'S') && !ReadArchiveSection(reader, part, kDays)) return false;
   return !HoursWanted(reader) || ReadArchiveSection(reader, part, kHours);
 }
 

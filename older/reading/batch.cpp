@@ -41,22 +41,22 @@ void TellMode(TKSplImpl& reader, const Block& block, std::span<const std::uint8_
 // Greets, reads the clock, plans the progress and reads the instrument's database.
 bool OpenInstrument(TKSplImpl& reader, const Model& model, std::span<std::uint8_t> record) {
   const ProgressWeights& weights = model.progress;
-  if (model.sectionText != nullptr) common::SetText(reader.host.sectionText, model.sectionText);
+  if (model.sectionText != nullptr) common::SetText(reader.driver.sectionText, model.sectionText);
   reader.Say(model.greeting, "Th");
   if (weights.beforeClock) PlanProgress(reader, weights);
   if (!ReadClockOrTell(reader)) return false;
   StartDates(reader);
   TellClock(reader);
   if (!weights.beforeClock) PlanProgress(reader, weights);
-  reader.host.IncPr(weights.clock);
+  reader.driver.IncPr(weights.clock);
 
   const Block& block = model.database.block;
   if (!ReadBlockOrTell(reader, block, 1, record)) return false;
-  reader.host.IncPr(weights.databaseRead);
-  common::SetText(reader.host.numberText,
+  reader.driver.IncPr(weights.databaseRead);
+  common::SetText(reader.driver.numberText,
                   common::Format("%u", NumberIn(block.columns, record, "ID")));
   if (model.keepSettings != nullptr) model.keepSettings(reader, record);
-  reader.Say(reader.host.numberText, "Numer");
+  reader.Say(reader.driver.numberText, "Numer");
   return true;
 }
 
@@ -78,7 +78,7 @@ bool LeftOut(TKSplImpl& reader, const ReadPart& part, std::span<const std::uint8
 
 bool ReadSystem(TKSplImpl& reader, const Model& model, int system) {
   const ReadPart part = HeatSystem(model, system);
-  common::SetText(reader.host.sectionText, part.name);
+  common::SetText(reader.driver.sectionText, part.name);
   reader.Say(part.name, "Th");
   if (!OpenSystem(reader, system)) {
     TellSystemNotOpened(reader, system);
@@ -86,14 +86,14 @@ bool ReadSystem(TKSplImpl& reader, const Model& model, int system) {
   }
   char number[16];
   reader.Say(UcToSChar(number, static_cast<unsigned long>(system)), "Init Opros OK ТВ"_w);
-  reader.host.IncPr(2);
+  reader.driver.IncPr(2);
 
   const DatabaseSection& database = *model.systemDatabase;
   std::array<std::uint8_t, kLargestDatabase> buffer{};
   const auto record = std::span(buffer).first(RecordSize(database.block.columns));
   if (!ReadBlockOrTell(reader, database.block, system, record)) return false;
   TellMode(reader, database.block, record, system);
-  reader.host.IncPr(8);
+  reader.driver.IncPr(8);
   if (!ReadDatabaseSection(reader, part, database, record)) return false;
   return LeftOut(reader, part, record) || ReadSections(reader, part);
 }

@@ -12,11 +12,11 @@ namespace {
 
 using namespace common::literals;
 
-bool InRange(const TavDrvV1& host, std::span<const std::uint8_t> record) {
+bool InRange(const TavDrvV1& driver, std::span<const std::uint8_t> record) {
   TAVDT key;
   std::memcpy(&key, record.data(), sizeof key);
   const std::uint32_t hour = GetAbsH(key.year, key.month, key.day, key.hour);
-  return hour >= HourOf(host.dateFrom) && hour <= HourOf(host.dateTo);
+  return hour >= HourOf(driver.dateFrom) && hour <= HourOf(driver.dateTo);
 }
 
 // A log without entries leaves no section; one without an entry in range leaves an empty one.
@@ -31,7 +31,7 @@ void ReadLogSection(TKSplImpl& reader, const ReadPart& part, const Log& log, con
   const std::size_t size = RecordSize(log.columns);
   for (std::size_t i = 0; i < records.count; ++i) {
     const auto record = std::span(records.bytes).subspan(i * size, size);
-    if (InRange(reader.host, record)) WriteRow(reader, record);
+    if (InRange(reader.driver, record)) WriteRow(reader, record);
   }
   reader.out.EndMarker();
 }
@@ -40,7 +40,7 @@ void ReadLogSection(TKSplImpl& reader, const ReadPart& part, const Log& log, con
 
 bool ReadLogSections(TKSplImpl& reader, const ReadPart& part) {
   const LogAddresses* logs = part.model.logs;
-  if (logs == nullptr || !GroupWanted(reader.host, 'E')) return true;
+  if (logs == nullptr || !GroupWanted(reader.driver, 'E')) return true;
   if (Stopped(reader)) return false;
   const int place = part.system - 1;
   ReadLogSection(reader, part, kChangeLog, "ИЗМ"_w, logs->changes[place]);

@@ -26,7 +26,7 @@ void ReadNext(TKSplImpl& reader, const ReadPart& part, const Period& period) {
   SYSTEMTIME& date = reader.progress.NextDate[static_cast<int>(period.kind)][part.system];
   if (ReadArchiveRecord(reader, archive, period.function, date, part.model.tellsArchives, record)
           .done) {
-    reader.out.Title(period.title, reader.host.sectionText, reader.InstrumentClock);
+    reader.out.Title(period.title, reader.driver.sectionText, reader.InstrumentClock);
     WriteArchiveLayout(reader, part, archive);
     WriteRow(reader, record);
     reader.out.EndMarker();
@@ -36,7 +36,7 @@ void ReadNext(TKSplImpl& reader, const ReadPart& part, const Period& period) {
 }
 
 // What ends a step early, without a failure.
-bool EndsStep(TKSplImpl& reader) { return reader.out.Refused() || reader.host.IsStop() != 0; }
+bool EndsStep(TKSplImpl& reader) { return reader.out.Refused() || reader.driver.IsStop() != 0; }
 
 void NonstopStep(TKSplImpl& reader, const ReadPart& part) {
   if (reader.progress.SystemSkip[part.system] != 0) return;

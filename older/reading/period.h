@@ -4,9 +4,9 @@
 #include <cstdint>
 
 #include "TKSplDrv/conversions.h"
-#include "driver/record_stream.h"
 #include "older/link/frame.h"
 #include "older/reader_state.h"
+#include "older/tables.h"
 
 namespace older {
 

@@ -36,8 +36,8 @@ void TellSystemNotOpened(TKSplImpl& reader, int system) {
 }
 
 bool Stopped(TKSplImpl& reader) {
-  if (reader.host.IsStop() == 0) return false;
-  reader.host.ReadStop(false);
+  if (reader.driver.IsStop() == 0) return false;
+  reader.driver.ReadStop(false);
   return true;
 }
 
@@ -56,7 +56,7 @@ void WriteRow(TKSplImpl& reader, std::span<const std::uint8_t> record) {
 
 bool ReadDatabaseSection(TKSplImpl& reader, const ReadPart& part, const DatabaseSection& section,
                          std::span<const std::uint8_t> record) {
-  if (!GroupWanted(reader.host, 'B')) return true;
+  if (!GroupWanted(reader.driver, 'B')) return true;
   if (Stopped(reader)) return false;
   TellStart(reader, part, section.start, section.startName);
   reader.out.Title(TitleKind::kDatabase, part.name, reader.InstrumentClock);
@@ -95,11 +95,11 @@ bool ReadOperative(TKSplImpl& reader, const ReadPart& part, const char* title) {
 }
 
 bool ReadOperativeSection(TKSplImpl& reader, const ReadPart& part) {
-  if (!GroupWanted(reader.host, 'T')) return true;
+  if (!GroupWanted(reader.driver, 'T')) return true;
   if (Stopped(reader)) return false;
   TellStart(reader, part, part.model.start, part.model.operative.startName);
   if (!ReadOperative(reader, part, part.name)) return false;
-  reader.host.IncPr(2);
+  reader.driver.IncPr(2);
   return true;
 }
 

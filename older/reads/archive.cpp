@@ -43,7 +43,7 @@ ReadResult ReadArchiveRecord(TKSplImpl& reader, const ArchiveRecord& archive, Fu
                          .confirmation = ForArchives(reader.policy),
                          .validity = true,
                          .final = tells ? ExchangeError::kReply3 : ExchangeError::kNone};
-  const ReadResult result = Attempt(reader.host, reader.policy, plan, record, [&] {
+  const ReadResult result = Attempt(reader.driver, reader.policy, plan, record, [&] {
     return RequestRecord(reader, archive, function, date, record);
   });
   if (!tells) return result;

@@ -65,7 +65,7 @@ LogRecords ReadLog(TKSplImpl& reader, const Log& log, std::uint16_t address) {
   std::array<std::uint8_t, kLogEntries * kLargestLogEntry> buffer{};
   const auto entries = std::span(buffer).first(kLogEntries * log.entrySize);
   const AttemptPlan plan{.name = log.attempts, .confirmation = ForOthers(reader.policy)};
-  const ReadResult result = Attempt(reader.host, reader.policy, plan, entries,
+  const ReadResult result = Attempt(reader.driver, reader.policy, plan, entries,
                                     [&] { return ReadFlashBytes(reader, address, entries); });
   return result.done ? DecodeLog(log, entries) : LogRecords{};
 }

@@ -30,7 +30,7 @@ ReadResult ReadDatabase(TKSplImpl& reader, const Block& block, int system,
   const auto items = std::span(buffer).first(ItemsSize(block.columns));
   const AttemptPlan plan{.name = block.attempts, .confirmation = ForOthers(reader.policy)};
   const ReadResult result = Attempt(
-      reader.host, reader.policy, plan, items,
+      reader.driver, reader.policy, plan, items,
       [&] { return read(reader, block.place[system - 1], items); },
       [&] {
         // Whether it could be opened shows in the attempt that follows.

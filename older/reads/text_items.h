@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "common/format.h"
-#include "driver/column.h"
+#include "older/tables.h"
 
 namespace older {
 

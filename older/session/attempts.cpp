@@ -37,7 +37,7 @@ bool AttemptLoop::Take(ExchangeError error, std::span<const std::uint8_t> record
         return false;
       case Confirmation::kNever:
         // No attempt is counted, so only the host's stop ends an instrument that answers well.
-        ended_ = host_.IsStop() != 0;
+        ended_ = driver_.IsStop() != 0;
         return false;
     }
   }
@@ -71,16 +71,16 @@ bool AttemptLoop::TakeConfirmed() {
 }
 
 bool AttemptLoop::Spend(const char* text) {
-  host_.MessageTav(nullptr, text, plan_.name, 0);
+  driver_.MessageTav(nullptr, text, plan_.name, 0);
   ++attempt_;
   Pause();
-  if (attempt_ > kAttemptsThatIgnoreStop && host_.IsStop() != 0) ended_ = true;
+  if (attempt_ > kAttemptsThatIgnoreStop && driver_.IsStop() != 0) ended_ = true;
   return true;
 }
 
 void AttemptLoop::Pause() {
   unsigned left = policy_.pause;
-  for (; left > kWholePause && host_.IsStop() == 0; left -= kWholePause) {
+  for (; left > kWholePause && driver_.IsStop() == 0; left -= kWholePause) {
     platform::Sleep(kWholePause);
   }
   if (left > 0 && left <= kWholePause) platform::Sleep(left);

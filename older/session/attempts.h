@@ -46,8 +46,8 @@ inline constexpr std::size_t kLargestCompared = 96;
 // The state of one loop. Use Attempt, not this.
 class AttemptLoop {
  public:
-  AttemptLoop(TavDrvV1& host, const Policy& policy, const AttemptPlan& plan)
-      : host_(host), policy_(policy), plan_(plan) {}
+  AttemptLoop(TavDrvV1& driver, const Policy& policy, const AttemptPlan& plan)
+      : driver_(driver), policy_(policy), plan_(plan) {}
 
   bool More() const { return !ended_ && attempt_ <= policy_.attempts; }
   // Takes what the exchange gave. Answers whether an attempt was spent on it.
@@ -62,7 +62,7 @@ class AttemptLoop {
   void Pause();
   int Number() const { return static_cast<int>(attempt_); }
 
-  TavDrvV1& host_;
+  TavDrvV1& driver_;
   const Policy& policy_;
   const AttemptPlan& plan_;
   long long attempt_ = 1;  // wide enough to pass any attempt count
@@ -76,9 +76,9 @@ class AttemptLoop {
 // Runs the plan. ask() performs one exchange, fills record and answers an ExchangeError;
 // beforeNext() runs after a failed attempt and its pause when another attempt is still to come.
 template <typename Ask, typename BeforeNext>
-ReadResult Attempt(TavDrvV1& host, const Policy& policy, const AttemptPlan& plan,
+ReadResult Attempt(TavDrvV1& driver, const Policy& policy, const AttemptPlan& plan,
                    std::span<const std::uint8_t> record, Ask ask, BeforeNext beforeNext) {
-  AttemptLoop loop(host, policy, plan);
+  AttemptLoop loop(driver, policy, plan);
   while (loop.More()) {
     if (loop.Take(ask(), record) && loop.More()) beforeNext();
   }
@@ -86,9 +86,9 @@ ReadResult Attempt(TavDrvV1& host, const Policy& policy, const AttemptPlan& plan
 }
 
 template <typename Ask>
-ReadResult Attempt(TavDrvV1& host, const Policy& policy, const AttemptPlan& plan,
+ReadResult Attempt(TavDrvV1& driver, const Policy& policy, const AttemptPlan& plan,
                    std::span<const std::uint8_t> record, Ask ask) {
-  return Attempt(host, policy, plan, record, ask, [] {});
+  return Attempt(driver, policy, plan, record, ask, [] {});
 }
 
 }  // namespace older

@@ -34,7 +34,7 @@ ReadResult ReadClock(TKSplImpl& reader) {
   std::array<std::uint8_t, kClockSize> bytes{};
   const std::uint16_t address = reader.type == TypeCode::k521 ? kClockAddress521 : kClockAddress;
   const AttemptPlan plan{.name = "PopitkaTime", .confirmation = ForOthers(reader.policy)};
-  const ReadResult result = Attempt(reader.host, reader.policy, plan, bytes,
+  const ReadResult result = Attempt(reader.driver, reader.policy, plan, bytes,
                                     [&] { return reader.link.ReadMemory(address, bytes); });
   if (result.done) reader.InstrumentClock = DecodeClock(bytes);
   return result;

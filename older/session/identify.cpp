@@ -47,16 +47,16 @@ bool Fail(TKSplImpl& reader, const char* text) {
 
 void Adopt(TKSplImpl& reader, const Identity& model, std::uint8_t version) {
   reader.type = model.type;
-  common::SetText(reader.host.typeText, model.name);
+  common::SetText(reader.driver.typeText, model.name);
   common::SetText(reader.modelKey, model.key);
   if (model.type != TypeCode::k521) {
-    common::SetText(reader.host.versionText, common::Format("V%d", version));
+    common::SetText(reader.driver.versionText, common::Format("V%d", version));
     return;
   }
   reader.versionIndex = version;
   const char* text = Version521(version);
   if (text == nullptr) reader.type = TypeCode::kUnknown521;
-  common::SetText(reader.host.versionText, text != nullptr ? text : "X.X.?");
+  common::SetText(reader.driver.versionText, text != nullptr ? text : "X.X.?");
 }
 
 // The place of the first byte that must not be as it is; -1 when there is none. The checksum byte
@@ -80,7 +80,7 @@ bool Identify(TKSplImpl& reader, std::uint8_t session) {
   if (count != static_cast<int>(kReplySize)) return Fail(reader, common::Format("Read %d", count));
 
   const auto reply = reader.link.Received();
-  const int faulty = FaultyByte(reply, static_cast<std::uint8_t>(reader.host.numberN));
+  const int faulty = FaultyByte(reply, static_cast<std::uint8_t>(reader.driver.numberN));
   if (faulty >= 0) return Fail(reader, common::Format("%d", faulty));
   const auto* model = std::find_if(
       std::begin(kIdentities), std::end(kIdentities),
@@ -96,7 +96,7 @@ bool IdentifyWithAttempts(TKSplImpl& reader, std::uint8_t session) {
   const AttemptPlan plan{.name = "PopitkaInit",
                          .confirmation = ForArchives(reader.policy),
                          .report = Report::kAttemptAlone};
-  return Attempt(reader.host, reader.policy, plan, {},
+  return Attempt(reader.driver, reader.policy, plan, {},
                  [&] {
                    return Identify(reader, session) ? ExchangeError::kNone
                                                     : ExchangeError::kReplyOther;
@@ -105,8 +105,8 @@ bool IdentifyWithAttempts(TKSplImpl& reader, std::uint8_t session) {
 }
 
 void SendIdentity(TKSplImpl& reader) {
-  reader.Say(reader.host.typeText, "Tip");
-  reader.Say(reader.host.versionText, "Version");
+  reader.Say(reader.driver.typeText, "Tip");
+  reader.Say(reader.driver.versionText, "Version");
 }
 
 }  // namespace older

@@ -12,13 +12,13 @@ struct Policy {
   unsigned pause;     // parameter 4, ms after a failed attempt
   bool continuous;    // parameter 16
 
-  explicit Policy(const TavDrvV1& host)
-      : attempts(host.param[0]),
-        doubleReading(host.param[1]),
-        validityTest(host.param[2] != 0),
+  explicit Policy(const TavDrvV1& driver)
+      : attempts(driver.param[0]),
+        doubleReading(driver.param[1]),
+        validityTest(driver.param[2] != 0),
         // A negative pause would be one of seven weeks.
-        pause(host.param[3] > 0 ? static_cast<unsigned>(host.param[3]) : 0),
-        continuous(host.param16 == 1) {}
+        pause(driver.param[3] > 0 ? static_cast<unsigned>(driver.param[3]) : 0),
+        continuous(driver.param16 == 1) {}
 };
 
 }  // namespace older

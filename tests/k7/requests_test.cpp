@@ -23,7 +23,7 @@ struct Line : k7test::Host {
   }
 
   std::unique_ptr<k7::Transport> transport = std::make_unique<k7::Transport>(driver);
-  RecordStream out{driver};
+  tav::RecordStream out{driver};
   std::unique_ptr<k7::Requests> requests = std::make_unique<k7::Requests>(driver, *transport, out);
 };
 

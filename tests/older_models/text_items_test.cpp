@@ -25,33 +25,33 @@ TEST_CASE("text items become their columns' bytes") {
   using namespace std::string_literals;
   struct Case {
     const char* column;
-    Type type;
+    tav::Type type;
     std::string text;
     const char* value;
     bool parses = true;
   };
   const Case cases[] = {
-      {"f", Type::kFloat, "12.5", "00 00 48 41"},
-      {"f", Type::kFloat, "8,5", "00 00 00 41"},
-      {"f", Type::kFloat, "3\0junk!"s, "00 00 40 40"},
-      {"f", Type::kFloat, "?1", "00 00 00 00", false},
-      {"f", Type::kFloat, "", "00 00 00 00"},
-      {"f", Type::kFloat, "\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF", "00 00 00 00", false},
-      {"B", Type::kByte, "257", "01"},
-      {"B", Type::kByte, "-1", "FF"},
-      {"S", Type::kInt16, "65537", "01 00"},
-      {"L", Type::kInt32, "70000", "70 11 01 00"},
-      {"TO", Type::kDateTime, "09:30:05", "01 00 01 01 09 1E 05"},
-      {"TMK", Type::kDateTime, "23:59", "00 00 00 00 00 00 00", false},
-      {"DO", Type::kDateTime, "31.12.94", "2E 08 0C 1F 00 00 00"},
-      {"DO", Type::kDateTime, "01.02.95", "CB 07 02 01 00 00 00"},
-      {"DL", Type::kDateTime, "27.03", "01 00 03 1B 00 00 00"},
-      {"DSommer", Type::kDateTime, "1/4/16", "01 00 04 01 00 00 00"},
+      {"f", tav::Type::kFloat, "12.5", "00 00 48 41"},
+      {"f", tav::Type::kFloat, "8,5", "00 00 00 41"},
+      {"f", tav::Type::kFloat, "3\0junk!"s, "00 00 40 40"},
+      {"f", tav::Type::kFloat, "?1", "00 00 00 00", false},
+      {"f", tav::Type::kFloat, "", "00 00 00 00"},
+      {"f", tav::Type::kFloat, "\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF", "00 00 00 00", false},
+      {"B", tav::Type::kByte, "257", "01"},
+      {"B", tav::Type::kByte, "-1", "FF"},
+      {"S", tav::Type::kInt16, "65537", "01 00"},
+      {"L", tav::Type::kInt32, "70000", "70 11 01 00"},
+      {"TO", tav::Type::kDateTime, "09:30:05", "01 00 01 01 09 1E 05"},
+      {"TMK", tav::Type::kDateTime, "23:59", "00 00 00 00 00 00 00", false},
+      {"DO", tav::Type::kDateTime, "31.12.94", "2E 08 0C 1F 00 00 00"},
+      {"DO", tav::Type::kDateTime, "01.02.95", "CB 07 02 01 00 00 00"},
+      {"DL", tav::Type::kDateTime, "27.03", "01 00 03 1B 00 00 00"},
+      {"DSommer", tav::Type::kDateTime, "1/4/16", "01 00 04 01 00 00 00"},
   };
   for (const Case& c : cases) {
     CAPTURE(c.column);
     CAPTURE(c.text);
-    const Column column = {c.column, c.type, Unit::Chosen(0)};
+    const tav::Column column = {c.column, c.type, tav::Unit::Chosen(0)};
     Bytes value(column.width, 0xAA);
     CHECK(older::DecodeItem(column, Item(c.text, 8), value) == c.parses);
     CHECK(ToHex(value) == c.value);
@@ -60,8 +60,10 @@ TEST_CASE("text items become their columns' bytes") {
 
 TEST_CASE("text items of characters") {
   using namespace std::string_literals;
-  const Column shortText = {"c", Type::kChars, Unit::Chosen(0), Role::kValue, nullptr, nullptr, 9};
-  const Column longText = {"c", Type::kChars, Unit::Chosen(0), Role::kValue, nullptr, nullptr, 15};
+  const tav::Column shortText = {
+      "c", tav::Type::kChars, tav::Unit::Chosen(0), tav::Role::kValue, nullptr, nullptr, 9};
+  const tav::Column longText = {
+      "c", tav::Type::kChars, tav::Unit::Chosen(0), tav::Role::kValue, nullptr, nullptr, 15};
   CHECK(older::ItemSize(shortText) == 8);
   CHECK(older::ItemSize(longText) == 16);
 

@@ -151,7 +151,7 @@ TEST_CASE("a refused piece ends its record, and the stream stays silent after it
   }
 
   Fixture f;
-  RecordStream out(f.driver);
+  tav::RecordStream out(f.driver);
   f.stream.refuseWriteAt = 1;
   out.RowMarker();
   CHECK_FALSE(out.Refused());
@@ -159,7 +159,7 @@ TEST_CASE("a refused piece ends its record, and the stream stays silent after it
   CHECK(out.Refused());
   f.stream.refuseWriteAt = -1;
   out.EndMarker();
-  out.Title(TitleKind::kDaily, "", {});
+  out.Title(tav::TitleKind::kDaily, "", {});
   CHECK(f.stream.writeCalls == 2);
 }
 

@@ -6,8 +6,8 @@
 
 namespace k7 {
 
-inline void Say(TavDrvV1& host, const char* detail, const char* subject) {
-  host.MessageTav(nullptr, detail, subject, 0);
+inline void Say(TavDrvV1& driver, const char* detail, const char* subject) {
+  driver.MessageTav(nullptr, detail, subject, 0);
 }
 
 // "2016.9.4 13:5:9"
@@ -17,8 +17,9 @@ inline common::ShortText DateText(const TAVDT& time) {
 }
 
 // A reply to another command than the one that was sent.
-inline void SayWrongCommand(TavDrvV1& host, unsigned sent, int received, const char* subject) {
-  Say(host, common::Format("not 0x%X result=0x%X", sent, static_cast<unsigned>(received)), subject);
+inline void SayWrongCommand(TavDrvV1& driver, unsigned sent, int received, const char* subject) {
+  Say(driver, common::Format("not 0x%X result=0x%X", sent, static_cast<unsigned>(received)),
+      subject);
 }
 
 }  // namespace k7

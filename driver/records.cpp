@@ -1,4 +1,6 @@
 // Messages and output records: the only place that knows the format of the stream.
+#include "TKSplDrv/records.h"
+
 #include <cstring>
 #include <initializer_list>
 
@@ -38,7 +40,7 @@ unsigned TavDrvV1::WriteShapkaRec(const char* name, char type, unsigned char wid
                        WriteDataRec(&width, 1) != 0 && WriteTavRec(unit) != 0 &&
                        WriteDataRec(&role, 1) != 0 &&
                        WriteTavRec(caption != nullptr ? caption : name) != 0 &&
-                       WriteTavRec(group != nullptr ? group : "default") != 0;
+                       WriteTavRec(group != nullptr ? group : tav::kDefaultGroup) != 0;
   return written ? 1 : 0;
 }
 

@@ -1,0 +1,22 @@
+// The tables of columns and the output stream, under their own names in this protocol.
+#pragma once
+
+#include "driver/column.h"
+#include "driver/record_stream.h"
+
+namespace k7 {
+
+using tav::ChosenUnits;
+using tav::Column;
+using tav::ColumnCount;
+using tav::Columns;
+
+using tav::RecordSize;
+using tav::RecordStream;
+using tav::Role;
+using tav::TitleKind;
+using tav::Type;
+using tav::Unit;
+using tav::WidthOf;
+
+}  // namespace k7
