@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
@@ -32,6 +33,8 @@ struct Special {
   int silentSystem = 0;  // heat system that can't be opened: its identification gets no reply
   int logEntries = 40;   // entries in each log, 0 to 100; 100 leaves no end mark
   std::string brokenParameter;     // database column whose text is no number and no date
+  // Texts of database columns other than the model's own, by name: {"EI", "3"}, K7 {"F001", "2"}.
+  std::map<std::string, std::string> parameters;
   std::optional<int> failingPage;  // flash page that an error reply without its end answers
 };
 

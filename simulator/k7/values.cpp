@@ -1,5 +1,7 @@
 #include "simulator/k7/values.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -156,6 +158,8 @@ Row Values::ArchiveRow(Archive kind, int system, Moment begin) const {
 }
 
 std::optional<std::string> Values::ParameterText(int channel, int number) const {
+  const auto special = settings_.special.parameters.find(fmt::format("F{:03}", number));
+  if (special != settings_.special.parameters.end()) return special->second;
   if (channel == 0 && number == model_.serialNumber) {
     return std::to_string(20000000 + Mix(settings_.seed) % 6000000);
   }

@@ -154,6 +154,8 @@ std::string Values::ParameterText(int system, std::string_view column) const {
 
 std::string Values::ParameterText(int system, const Parameter& parameter) const {
   const std::string_view column = parameter.column;
+  const auto special = settings_.special.parameters.find(parameter.column);
+  if (special != settings_.special.parameters.end()) return special->second;
   if (column == settings_.special.brokenParameter) return "??.??";
   if (column == "SP") return std::to_string(ModeOf(std::max(system, 1)));
   if (column == "EI") return std::to_string(settings_.special.unitsCode);
