@@ -30,7 +30,7 @@ TAV_API TAVDT DtUrmToTav(const char* text);
 TAV_API unsigned SysTimeToCharS(char* buffer, const SYSTEMTIME* time);
 // At least two digits: 7 gives "07". Always 1.
 TAV_API unsigned IntToCharS(char* buffer, int value);
-// Decimal, unsigned; answers buffer.
+// Decimal, unsigned; returns buffer.
 TAV_API char* UcToSChar(char* buffer, unsigned long value);
 // The number at the start of text; 0.0 when there is none. The decimal sign is always the point.
 TAV_API double AnsiToDouble(const char* text);

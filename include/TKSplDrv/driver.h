@@ -5,7 +5,7 @@
 // IsStop while the reading thread runs, Stop to ask for an early end, and LFree or Destroy.
 //
 // Threads: one host thread calls the object; the driver's own reading thread calls the host's
-// HostStream and HostPort. Results are 32-bit values; where a flag is answered it is 1 or 0 in the
+// HostStream and HostPort. Results are 32-bit values; where a flag is returned it is 1 or 0 in the
 // whole register. Nothing is ever thrown to the host. Texts are code page 1251, zero-terminated.
 #pragma once
 
@@ -49,25 +49,25 @@ class TAV_API TavDrvV1 {
   // --- The 13 slots, in the order of the host's table ---
 
   // 0. kind 1: older protocol, 2: K7. language: the platform's primary language identifier, 9
-  // English, 25 Russian; any other empties the text. Answers the number of kinds, 2.
+  // English, 25 Russian; any other empties the text. Returns the number of kinds, 2.
   virtual unsigned GetName(int kind, char* text, int language) = 0;
-  // 1. The index-th (from 1) line speed of a kind, in bit/s. Answers how many a kind offers.
+  // 1. The index-th (from 1) line speed of a kind, in bit/s. Returns how many a kind offers.
   virtual unsigned GetBaud(int kind, int index, int* baud) = 0;
   // 2. Whether a kind reads the group of this letter.
   virtual unsigned CanReadGroup(int kind, char letter) = 0;
-  // 3. The largest number for letter 'N'; any other letter answers 0.
+  // 3. The largest number for letter 'N'; any other letter returns 0.
   virtual unsigned GetNumberLimit(int kind, char letter, int* limit) = 0;
-  // 4. Sets the port up and starts the reading thread; mode 1: older protocol, 2: K7. Answers 1, or
+  // 4. Sets the port up and starts the reading thread; mode 1: older protocol, 2: K7. Returns 1, or
   // 0 when the port refused, no thread could be had, or this object has already read once.
   virtual unsigned Start(int mode) = 0;
   // 5. Asks the reading to stop at its next check; the request is cleared by the ReadStop that
-  // answers it, so a host that must be obeyed asks until the reading has ended.
+  // follows it, so a host that must be obeyed asks until the reading has ended.
   virtual unsigned Stop() = 0;
   // 6. Progress: 0 to 99 while reading, 101 after success, negative after a failure.
   virtual int GetPr();
-  // 7. 'N': network number of the instrument; 'E', 'K': stored only. Other letters answer 0.
+  // 7. 'N': network number of the instrument; 'E', 'K': stored only. Other letters return 0.
   virtual unsigned SetupNumer(char which, int value);
-  // 8. Switches a read group on or off; a letter not in kReadGroupLetters answers 0.
+  // 8. Switches a read group on or off; a letter not in kReadGroupLetters returns 0.
   virtual unsigned SetupReadGroup(char letter, bool on);
   // 9. The period of the archives.
   virtual unsigned SetupDateTime(SYSTEMTIME from, SYSTEMTIME to);
@@ -75,10 +75,10 @@ class TAV_API TavDrvV1 {
   virtual unsigned SetupBaud(int baud);
   // 11. Numbered parameters, 32-bit integers at value (size is not looked at): 1 attempts, 2 double
   // reading, 3 validity test, 4 pause in ms after a failed attempt, 5 to 9 stored only, 16
-  // continuous reading. Other indexes answer 0.
+  // continuous reading. Other indexes return 0.
   virtual unsigned SetupParametr(char index, int size, void* value);
   // 12. The deleting destructor: destroys the object, frees it when bit 0 of flags is set, and
-  // answers the object's address. It frees what LInit created; a class of the host's own that lies
+  // returns the object's address. It frees what LInit created; a class of the host's own that lies
   // elsewhere is destroyed with flags 0, or overrides this.
   virtual void* Destroy(unsigned flags);
 
@@ -111,7 +111,7 @@ class TAV_API TavDrvV1 {
   unsigned MessageDT(unsigned short year, unsigned short month, unsigned short day,
                      unsigned short hour);
 
-  // --- Output records; each answers 1, or 0 at the first write that the host refuses ---
+  // --- Output records; each returns 1, or 0 at the first write that the host refuses ---
 
   unsigned WriteDataRec(const void* data, unsigned long length);
   // A length byte and the characters; of a text of 256 or more only length modulo 256.
@@ -121,7 +121,7 @@ class TAV_API TavDrvV1 {
                           char role, const char* caption, const char* group);
   unsigned WriteTavTitle(char kind, const char* type, const char* version, const char* number,
                          const char* section, const TAVDT* time);
-  // Passes data to the port and answers the number of bytes written.
+  // Passes data to the port and returns the number of bytes written.
   unsigned WritePort(int unused, const char* data, int length);
 
   // --- Fields, in the host's order ---

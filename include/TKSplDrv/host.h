@@ -11,11 +11,11 @@
 class HostStream {
  public:
   // Slot 0. text1: value or detail, text2: subject (both code page 1251, zero-terminated, valid
-  // during the call only); code: 0, or 1 for a notice of continuous reading. Answers whether the
+  // during the call only); code: 0, or 1 for a notice of continuous reading. Returns whether the
   // message was accepted; a refused message changes nothing.
   virtual bool Message(const char* text1, const char* text2, unsigned code) = 0;
 
-  // Slot 1. One piece of the output stream, length bytes (0 is possible). Answers whether it was
+  // Slot 1. One piece of the output stream, length bytes (0 is possible). Returns whether it was
   // written; a refused piece ends the reading.
   virtual bool Write(const void* data, unsigned length) = 0;
 
@@ -48,11 +48,11 @@ class HostPort {
   // Slot 5. Buffer sizes in bytes.
   virtual bool SetBuffers(int input, int output) = 0;
 
-  // Slot 6. Waits at most timeoutMs for count bytes and answers the number stored at destination
+  // Slot 6. Waits at most timeoutMs for count bytes and returns the number stored at destination
   // (0 on a time-out). A count of 0 takes nothing.
   virtual int Read(unsigned timeoutMs, unsigned count, void* destination) = 0;
 
-  // Slot 7. Answers the number of bytes written.
+  // Slot 7. Returns the number of bytes written.
   virtual int Write(const void* data, unsigned length) = 0;
 
  protected:
