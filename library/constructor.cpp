@@ -1,5 +1,5 @@
-// The constructor as the platform's own compilers call it: they expect the object's address in
-// answer, mingw's constructor answers nothing.
+// The constructor as the platform's own compilers call it: they expect it to return the object's
+// address, mingw's constructor returns nothing.
 
 // The memory of an object to be. Members, because only those have the convention of a constructor.
 class ObjectMemory {
@@ -7,10 +7,10 @@ class ObjectMemory {
   // TavDrvV1's constructor, by the name that mingw gives it.
   void Construct(void* stream, void* port) __asm__("__ZN8TavDrvV1C1EPvS0_");
 
-  void* ConstructAndAnswer(void* stream, void* port) __asm__("_ConstructTavDrvV1");
+  void* ConstructAndReturn(void* stream, void* port) __asm__("_ConstructTavDrvV1");
 };
 
-void* ObjectMemory::ConstructAndAnswer(void* stream, void* port) {
+void* ObjectMemory::ConstructAndReturn(void* stream, void* port) {
   Construct(stream, port);
   return this;
 }

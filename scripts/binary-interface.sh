@@ -25,27 +25,22 @@ exports() {
     }' "$folder/headers"
 }
 
-# The operation, mingw's name, the platform compilers' name. A constructor has two addresses.
+# The operation, mingw's name, the platform compilers' names by our headers and with plain types. A
+# constructor has two addresses.
 export_rows() {
+  sed -n '/plain types/,$s/^ *"\(.*\)" = .*/\1/p' library/TKSplDrv.def > "$folder/plain"
   exports | awk '
+    NR == FNR { plain[$1] = 1; next }
     $1 ~ /^\?\?0/ { constructor = $1; next }
-    $1 ~ /^\?/ { platform[$2] = $1; next }
-    $1 ~ /(C2|D2)E/ { next }
-    { print $1, $2 > mingw }
-    END { for (a in platform) print a, platform[a] > other; print constructor > special }
-  ' mingw="$folder/mingw" other="$folder/platform" special="$folder/constructor"
-  awk -v platform="$folder/platform" -v special="$folder/constructor" '
-    BEGIN {
-      while ((getline line < platform) > 0) { split(line, part, " "); other[part[1]] = part[2] }
-      getline constructor < special
-    }
-    {
-      name = $1 in other ? "" : other[$2]
-      if ($1 ~ /C1E/) name = constructor
-      print $1, name == "" ? "-" : name
-    }' "$folder/mingw" | while read -r name platform; do
-    [ "$platform" = - ] && platform= || platform="\`$platform\`"
-    echo "| \`$($tools-c++filt -n "$name")\` | \`$name\` | $platform |"
+    $1 ~ /^\?/ { other[$2, $1 in plain] = $1; next }
+    $1 !~ /(C2|D2)E/ { address[$1] = $2 }
+    END {
+      for (name in address) {
+        ours = name ~ /C1E/ ? constructor : other[address[name], 0]
+        print name, ours ? "`" ours "`" : "-", other[address[name], 1]
+      }
+    }' "$folder/plain" - | while read -r name ours plain; do
+    echo "| \`$($tools-c++filt -n "$name")\` | \`$name\` | ${ours#-} | ${plain:+\`$plain\`} |"
   done | LC_ALL=C sort
 }
 
@@ -92,8 +87,8 @@ tables() {
   echo
   echo "### Exports"
   echo
-  echo "| Operation | mingw | Platform's own compilers |"
-  echo "|---|---|---|"
+  echo "| Operation | mingw | Platform's own compilers | With plain types, where it differs |"
+  echo "|---|---|---|---|"
   export_rows
 }
 

@@ -1,25 +1,29 @@
 #!/bin/bash
-# Compares what two compilers ask for when a host uses every operation with what the DLL exports:
-# each name is there, both names of an operation lead to the same code, and no exported operation
+# Compares what compilers ask for when a host uses every operation with what the DLL exports: mingw
+# and the platform's own, that one with our headers and with plain types. Each name is there, all
+# names of an operation lead to the same code, nothing else is exported, and no exported operation
 # is missing from the list of uses. The DLL may import from the two system libraries only.
-# usage: check_exports.sh CLANG MINGW_GXX OBJDUMP DLL SOURCE INCLUDE_FOLDER
+# usage: check_exports.sh CLANG MINGW_GXX OBJDUMP DLL SOURCE_FOLDER
 set -euo pipefail
-clang=$1 gxx=$2 objdump=$3 dll=$4 source=$5 include=$6
+clang=$1 gxx=$2 objdump=$3 dll=$4 source=$5
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 
-# "operation name" of each imported name in the functions Use... of an assembly listing.
-imports() {
-  awk '/^"?_Use[A-Za-z]*"?:/ { gsub(/[":]/, ""); operation = substr($1, 5) }
-       match($0, /__imp__?[^ \t,"()]*/) {
-         name = substr($0, RSTART + 6, RLENGTH - 6); sub(/^_/, "", name); print operation, name
-       }' "$1" | sort -u
+# asked_for WHO COMPILER...: "operation name WHO" of each imported name in a function Use...
+asked_for() {
+  local who=$1
+  shift
+  "$@" -std=c++20 -O1 -fno-exceptions -fno-rtti "-I$source" "-I$source/include" -S -o - \
+    "$source/tests/abi/every_operation.cpp" | awk -v who="$who" '
+      /^"?[_?].*:/ { gsub(/[":]/, ""); operation = $1 ~ /^_Use/ ? substr($1, 5) : "" }
+      operation && match($0, /__imp__?[^ \t,"()]*/) {
+        name = substr($0, RSTART + 6, RLENGTH - 6); sub(/^_/, "", name); print operation, name, who
+      }' | sort -u
 }
-options=(-std=c++20 -O1 -fno-exceptions "-I$include" -S)
-$clang --target=i686-pc-windows-msvc "${options[@]}" -fno-rtti -o "$folder/platform.s" "$source"
-$gxx "${options[@]}" -o "$folder/mingw.s" "$source"
-imports "$folder/platform.s" > "$folder/platform"
-imports "$folder/mingw.s" > "$folder/mingw"
+platform=("$clang" --target=i686-pc-windows-msvc)
+asked_for mingw "$gxx" > "$folder/uses"
+asked_for platform "${platform[@]}" >> "$folder/uses"
+asked_for plain "${platform[@]}" -DPLAIN_TYPES >> "$folder/uses"
 
 libraries=$($objdump -p "$dll" | sed -n 's/.*DLL Name: //p' | sort | paste -sd ' ')
 if [ "$libraries" != "KERNEL32.dll msvcrt.dll" ]; then
@@ -35,20 +39,21 @@ $objdump -p "$dll" | awk '
     sub(/^\t\[ */, ""); split($0, part, /\] */); print part[2], address[part[1] + 0]
   }' | sort > "$folder/exports"
 
-join "$folder/platform" "$folder/mingw" | awk -v exports="$folder/exports" '
-  BEGIN { while ((getline line < exports) > 0) { split(line, part, " "); address[part[1]] = part[2] } }
+awk '
+  NR == FNR { address[$1] = $2; next }
   {
-    ++uses; used[address[$3]] = 1
-    for (i = 2; i <= 3; ++i) if (!($i in address)) { print $1 ": not exported: " $i; ++failed }
+    known[$2] = 1
+    if ($3 == "mingw") { code[$1] = address[$2]; used[address[$2]] = 1 }
+    ++uses[$3]
+    if (!($2 in address)) { print $1 ": not exported: " $2; ++failed }
     constructor = $2 ~ /^\?\?0/  # goes through a forwarding function of its own
-    if (!constructor && address[$2] != address[$3]) { print $1 ": two names, two addresses"; ++failed }
-    if ($2 ~ /^\?/) known[$2] = 1
+    if (!constructor && address[$2] != code[$1]) { print $1 ": other code: " $2; ++failed }
   }
   END {
     for (name in address) {
       if (name ~ /^_Z(N|[0-9])/ && !(address[name] in used)) { print "no use of " name; ++failed }
       if (name ~ /^\?/ && !(name in known)) { print "nobody asks for " name; ++failed }
     }
-    print uses " operations, " failed + 0 " failures"
-    exit failed > 0 || uses < 40
-  }'
+    print uses["mingw"], uses["platform"], uses["plain"] " uses, " failed + 0 " failures"
+    exit failed > 0 || uses["mingw"] < 40 || uses["platform"] < 40 || uses["plain"] < 40
+  }' "$folder/exports" "$folder/uses"

@@ -1,74 +1,39 @@
-// The DLL as a file: its version, and what is left when it is loaded and unloaded. Loading
-// it, running its thread and unloading it a hundred times leaves what the process held before.
+// The DLL as a file: its version, and what is left when it is loaded and unloaded.
 #include <doctest/doctest.h>
 #include <windows.h>
 
-#include <cstring>
+#include <array>
 
 #include "TKSplDrv/driver.h"
+#include "tests/support/fake_port.h"
+#include "tests/support/recording_stream.h"
 
 namespace {
 
-struct Held {
-  unsigned long handles = 0;
-  unsigned long blocks = 0;  // on all heaps
-  unsigned long freeThreadSlots = 0;
-};
-
-unsigned long CountBlocks(HANDLE heap) {
-  unsigned long count = 0;
-  PROCESS_HEAP_ENTRY entry = {};
-  while (HeapWalk(heap, &entry)) {
-    if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) ++count;
-  }
-  REQUIRE(GetLastError() == ERROR_NO_MORE_ITEMS);
-  return count;
-}
-
-// The slots of thread-local storage that are still free, taken and given back.
-unsigned long CountFreeThreadSlots() {
-  unsigned long slots[2048] = {};
-  unsigned long count = 0;
-  while (count < 2048 && (slots[count] = TlsAlloc()) != TLS_OUT_OF_INDEXES) ++count;
-  for (unsigned long i = 0; i < count; ++i) TlsFree(slots[i]);
-  return count;
-}
-
-Held Measure() {
-  Held held;
-  REQUIRE(GetProcessHandleCount(GetCurrentProcess(), &held.handles));
+// Open handles, the next slot of thread-local storage, blocks on all heaps.
+std::array<unsigned long, 3> Measure() {
+  unsigned long handles = 0, blocks = 0;
+  REQUIRE(GetProcessHandleCount(GetCurrentProcess(), &handles));
+  const unsigned long slot = TlsAlloc();
+  TlsFree(slot);
   HANDLE heaps[64] = {};
   const unsigned long count = GetProcessHeaps(64, heaps);
-  REQUIRE(count > 0);
   REQUIRE(count <= 64);
-  for (unsigned long i = 0; i < count; ++i) held.blocks += CountBlocks(heaps[i]);
-  held.freeThreadSlots = CountFreeThreadSlots();
-  return held;
+  for (unsigned long i = 0; i < count; ++i) {
+    PROCESS_HEAP_ENTRY entry = {};
+    while (HeapWalk(heaps[i], &entry)) {
+      if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) ++blocks;
+    }
+  }
+  CHECK(blocks > 0);
+  return {handles, slot, blocks};
 }
-
-class Stream : public HostStream {
- public:
-  bool Message(const char*, const char*, unsigned) override { return true; }
-  bool Write(const void*, unsigned) override { return true; }
-};
-
-class Port : public HostPort {
- public:
-  bool Control(int) override { return true; }
-  bool SetTimeouts(unsigned, unsigned, unsigned, unsigned, unsigned) override { return true; }
-  void Reserved2() override {}
-  bool SetLine(int, int, int, int, int, int) override { return true; }
-  void Reserved4() override {}
-  bool SetBuffers(int, int) override { return true; }
-  int Read(unsigned, unsigned, void*) override { return 0; }
-  int Write(const void*, unsigned) override { return 0; }
-};
 
 // A mode that reads nothing still runs the reading thread. Its handle stays open, so the host
 // closes it.
 void ReadNothing(HMODULE library) {
-  Stream stream;
-  Port port;
+  support::RecordingStream stream;
+  support::FakePort port;
   void* init = reinterpret_cast<void*>(GetProcAddress(library, "LInit"));
   REQUIRE(init != nullptr);
   TavDrvV1* driver = reinterpret_cast<decltype(&LInit)>(init)(static_cast<HostStream*>(&stream),
@@ -96,26 +61,17 @@ void LoadAndUnload(int rounds) {
 TEST_CASE("loading and unloading a hundred times leaks nothing") {
   LoadAndUnload(10);
   Measure();  // what the system keeps for good it has after these
-  const Held before = Measure();
+  const auto before = Measure();
   LoadAndUnload(100);
-  const Held after = Measure();
-  CHECK(after.handles == before.handles);
-  CHECK(after.blocks == before.blocks);
-  CHECK(after.freeThreadSlots == before.freeThreadSlots);
+  CHECK(Measure() == before);
 }
 
 TEST_CASE("the DLL carries the version of the project") {
-  HMODULE library = LoadLibraryA("TKSplDrv.dll");
-  REQUIRE(library != nullptr);
-  HRSRC found = FindResourceA(library, MAKEINTRESOURCEA(VS_VERSION_INFO), RT_VERSION);
-  REQUIRE(found != nullptr);
-  constexpr std::size_t kKeySize = 40;  // a header and the key, before the numbers
-  VS_FIXEDFILEINFO info = {};
-  REQUIRE(SizeofResource(library, found) >= kKeySize + sizeof info);
-  const auto* bytes = static_cast<const char*>(LockResource(LoadResource(library, found)));
-  std::memcpy(&info, bytes + kKeySize, sizeof info);
-  CHECK(info.dwSignature == VS_FFI_SIGNATURE);
-  CHECK(info.dwFileVersionMS == (VERSION_MAJOR << 16 | VERSION_MINOR));
-  CHECK(info.dwFileVersionLS == VERSION_PATCH << 16);
-  FreeLibrary(library);
+  char resource[4096];
+  VS_FIXEDFILEINFO* version = nullptr;
+  unsigned size = 0;
+  REQUIRE(GetFileVersionInfoA("TKSplDrv.dll", 0, sizeof resource, resource));
+  REQUIRE(VerQueryValueA(resource, "\\", reinterpret_cast<void**>(&version), &size));
+  CHECK(version->dwFileVersionMS == (VERSION_MAJOR << 16 | VERSION_MINOR));
+  CHECK(version->dwFileVersionLS == VERSION_PATCH << 16);
 }

@@ -1,10 +1,11 @@
 // Uses every exported operation once, each in a function of its own, and defines nothing else: its
-// undefined symbols are the names under which a compiler asks the library for them. Compiled with
-// both compilers it gives the pairs of library/TKSplDrv.def.
-#include "TKSplDrv/conversions.h"
-#include "TKSplDrv/driver.h"
+// undefined symbols are the names under which a compiler asks the library for them. Compiled by
+// both compilers, and for a host with plain types, it gives the names of library/TKSplDrv.def.
+#include "tests/abi/interface.h"
 
 namespace {
+
+char text[] = "";
 
 // The constructor and the destructor are reached from a host's own class.
 class HostDriver : public TavDrvV1 {
@@ -36,7 +37,9 @@ USE UseSetupReadGroup(TavDrvV1* d) { d->TavDrvV1::SetupReadGroup('H', true); }
 USE UseSetupDateTime(TavDrvV1* d) { d->TavDrvV1::SetupDateTime({}, {}); }
 USE UseSetupBaud(TavDrvV1* d) { d->TavDrvV1::SetupBaud(2400); }
 USE UseSetupParametr(TavDrvV1* d) { d->TavDrvV1::SetupParametr(1, 4, d); }
+#if !defined(PLAIN_TYPES)
 USE UseDestroy(TavDrvV1* d) { d->TavDrvV1::Destroy(0); }
+#endif
 
 USE UseStart(TavDrvV1* d, TavThreadRoutine routine) { d->TavDrvV1::Start(routine); }
 USE UseIsStop(TavDrvV1* d) { d->IsStop(); }
@@ -46,13 +49,13 @@ USE UseReadStop(TavDrvV1* d) { d->ReadStop(true); }
 USE UseSetPr(TavDrvV1* d) { d->SetPr(1); }
 USE UseIncPr(TavDrvV1* d) { d->IncPr(1); }
 USE UseInertPr(TavDrvV1* d) { d->InertPr(); }
-USE UseMessageTav(TavDrvV1* d) { d->MessageTav(d, "", "", 0); }
+USE UseMessageTav(TavDrvV1* d) { d->MessageTav(d, text, text, 0); }
 USE UseMessageDT(TavDrvV1* d) { d->MessageDT(1, 2, 3, 4); }
 USE UseWriteDataRec(TavDrvV1* d) { d->WriteDataRec(d, 1); }
-USE UseWriteTavRec(TavDrvV1* d) { d->WriteTavRec(""); }
-USE UseWriteShapkaRec(TavDrvV1* d) { d->WriteShapkaRec("", 'f', 4, "", 'd', "", ""); }
-USE UseWriteTavTitle(TavDrvV1* d, TAVDT* t) { d->WriteTavTitle('H', "", "", "", "", t); }
-USE UseWritePort(TavDrvV1* d) { d->WritePort(0, "", 0); }
+USE UseWriteTavRec(TavDrvV1* d) { d->WriteTavRec(text); }
+USE UseWriteShapkaRec(TavDrvV1* d) { d->WriteShapkaRec(text, 'f', 4, text, 'd', text, text); }
+USE UseWriteTavTitle(TavDrvV1* d, TAVDT* t) { d->WriteTavTitle('H', text, text, text, text, t); }
+USE UseWritePort(TavDrvV1* d) { d->WritePort(0, text, 0); }
 
 USE UseSysToTav(TAVDT* t, SYSTEMTIME* s) { DateTimeSysToTav(t, s); }
 USE UseTavToSys(TAVDT* t, SYSTEMTIME* s) { DateTimeTavToSys(s, t); }
@@ -62,12 +65,12 @@ USE UseGetAbsM() { GetAbsM(1, 2); }
 USE UseIncH(SYSTEMTIME* s) { DateTimeIncH(s); }
 USE UseIncD(SYSTEMTIME* s) { DateTimeIncD(s); }
 USE UseIncM(SYSTEMTIME* s) { DateTimeIncM(s); }
-USE UseUrmToTav(TAVDT* t) { *t = DtUrmToTav(""); }
+USE UseUrmToTav(TAVDT* t) { *t = DtUrmToTav(text); }
 USE UseSysTimeToCharS(char* c, SYSTEMTIME* s) { SysTimeToCharS(c, s); }
 USE UseIntToCharS(char* c) { IntToCharS(c, 1); }
 USE UseUcToSChar(char* c) { UcToSChar(c, 1); }
-USE UseAnsiToDouble(double* d) { *d = AnsiToDouble(""); }
-USE UseStrExtr(char* c) { StrExtr("", c, 0, 0); }
+USE UseAnsiToDouble(double* d) { *d = AnsiToDouble(text); }
+USE UseStrExtr(char* c) { StrExtr(text, c, 0, 0); }
 USE UseConvert(char* c) { ConvertCharDtoW(c, 0); }
 USE UseMalloc(void** p) { *p = _malloc_(1); }
 USE UseMallocFlag(void** p, unsigned char* failed) { *p = _malloc_(1, failed); }

@@ -9,8 +9,9 @@ namespace {
 
 THISCALL unsigned Message(StreamObject* self, const char* text, const char* subject,
                           unsigned code) {
-  self->lastMessageLength = 0;
-  while (text[self->lastMessageLength] != '\0') ++self->lastMessageLength;
+  unsigned length = 0;
+  while (text[length] != '\0') ++length;
+  if (length > self->longestMessage) self->longestMessage = length;
   self->lastCode = code;
   if (SameText(subject, "Opros End")) self->ended = true;
   return Rubbish(self->answer);

@@ -1,11 +1,11 @@
-// The host's stream and line as objects laid out by hand: a table of functions that answer one byte
+// The host's stream and line as objects laid out by hand: a table of functions that return one byte
 // and leave rubbish in the rest of the register.
 #pragma once
 
 struct StreamObject {
   const void* const* table;
-  unsigned char answer = 1;  // what the next calls answer
-  unsigned lastMessageLength = 0;
+  unsigned char answer = 1;  // what the next calls return
+  unsigned longestMessage = 0;
   unsigned lastCode = 0;
   unsigned bytesWritten = 0;
   volatile bool ended = false;  // the reading thread has said so

@@ -7,5 +7,5 @@ extern "C" void mainCRTStartup() {
   CheckSlots();
   CheckOwnClass();
   CheckConversions();
-  ExitProcess(ReportChecks());
+  ExitProcess(ExitCode());
 }

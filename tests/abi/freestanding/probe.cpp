@@ -74,8 +74,9 @@ unsigned Call(const Callee& callee, const Arguments& arguments, unsigned misalig
   return probe.result;
 }
 
-void Expect(const Callee& callee, const Arguments& arguments, unsigned result) {
+void Expect(const Row& row) {
   for (unsigned misalignment = 0; misalignment < 16; misalignment += 4) {
-    Check(Call(callee, arguments, misalignment) == result, callee.name, "wrong result");
+    Check(Call(row.callee, row.arguments, misalignment) == row.result, row.callee.name,
+          "wrong result");
   }
 }

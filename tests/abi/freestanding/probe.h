@@ -29,8 +29,9 @@ inline unsigned Word(unsigned value) { return value; }
 inline unsigned Word(int value) { return static_cast<unsigned>(value); }
 inline unsigned Word(const void* pointer) { return reinterpret_cast<unsigned>(pointer); }
 
-// A byte as a host may pass it: with rubbish in the rest of its word.
+// A byte and a 16-bit value as a host may pass them: with rubbish in the rest of the word.
 constexpr unsigned Rubbish(unsigned byte) { return 0xDEADBE00U | (byte & 0xFF); }
+constexpr unsigned Half(unsigned value) { return 0xDEAD0000U | value; }
 
 // The words on the stack.
 struct Arguments {
@@ -38,11 +39,22 @@ struct Arguments {
   unsigned count;
 
   template <class... Values>
-  explicit Arguments(Values... values) : words{Word(values)...}, count(sizeof...(values)) {}
+  Arguments(Values... values) : words{Word(values)...}, count(sizeof...(values)) {}
 };
 
-// Calls once, checks stack and registers, answers eax.
+// Calls once, checks stack and registers, returns eax.
 unsigned Call(const Callee& callee, const Arguments& arguments, unsigned misalignment);
 
+struct Row {
+  Callee callee;
+  Arguments arguments;
+  unsigned result;
+};
+
 // Calls with all four alignments and checks the result of each.
-void Expect(const Callee& callee, const Arguments& arguments, unsigned result);
+void Expect(const Row& row);
+
+template <unsigned kCount>
+void Expect(const Row (&rows)[kCount]) {
+  for (const Row& row : rows) Expect(row);
+}

@@ -2,8 +2,6 @@
 // report of checks. Declared here because no header of the platform is at hand, on purpose.
 #pragma once
 
-#include "TKSplDrv/types.h"
-
 extern "C" {
 __declspec(dllimport) void* __stdcall GetStdHandle(unsigned long which);
 __declspec(dllimport) int __stdcall WriteFile(void* file, const void* data, unsigned long length,
@@ -21,5 +19,5 @@ bool SameText(const char* left, const char* right);
 // Counts the check, and prints name and detail when it failed.
 void Check(bool passed, const char* name, const char* detail);
 
-// Prints both counts and answers the program's exit code.
-unsigned ReportChecks();
+// 0 when there were checks and all of them passed.
+unsigned ExitCode();
