@@ -14,26 +14,22 @@ void SendTime(TavDrvV1& driver, const char* subject) {
                     subject, 0);
 }
 
-unsigned long ReadK7(TavDrvV1& driver) {
-  int count = 0;
-  if (const std::unique_ptr<Reader> reader = MakeK7Reader(driver)) count = reader->Run();
-  driver.ReadStop(count >= 1);
-  return 1;
-}
-
-// The older reader makes its own final report.
-unsigned long ReadOlder(TavDrvV1& driver, Reader* reader) {
-  if (reader == nullptr) {
-    driver.ReadStop(false);
-    return 0;
-  }
-  return static_cast<unsigned long>(reader->Run());
+// Without memory for the reader the reading has failed.
+void ReadAndReport(TavDrvV1& driver, Reader* reader) {
+  const Ending ending = reader != nullptr ? reader->Run() : Ending::kFailed;
+  if (ending != Ending::kUnreported) driver.ReadStop(ending == Ending::kSucceeded);
 }
 
 // Any other mode reads nothing and reports nothing: intended.
-unsigned long Read(TKSplDrv& driver, Reader* older) {
-  if (driver.mode == static_cast<int>(Protocol::kOlder)) return ReadOlder(driver, older);
-  if (driver.mode == static_cast<int>(Protocol::kK7)) return ReadK7(driver);
+unsigned long Read(TKSplDrv& driver) {
+  if (driver.mode == static_cast<int>(Protocol::kOlder)) {
+    ReadAndReport(driver, MakeOlderReader(driver).get());
+    return 0;
+  }
+  if (driver.mode == static_cast<int>(Protocol::kK7)) {
+    ReadAndReport(driver, MakeK7Reader(driver).get());
+    return 1;
+  }
   return 0;
 }
 
@@ -41,9 +37,8 @@ unsigned long Read(TKSplDrv& driver, Reader* older) {
 
 unsigned long TAV_STDCALL PollThread(void* object) {
   TKSplDrv& driver = *static_cast<TKSplDrv*>(object);
-  const std::unique_ptr<Reader> older = MakeOlderReader(driver);
   SendTime(driver, "Start Opros");
-  const unsigned long result = Read(driver, older.get());
+  const unsigned long result = Read(driver);
   SendTime(driver, "Opros End");
   return result;
 }

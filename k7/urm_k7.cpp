@@ -23,13 +23,13 @@ class UrmK7 final : public Reader {
         sections_(driver, requests_, out_, session_.GetIdentity()),
         plan_(driver, out_, sections_) {}
 
-  int Run() override;
+  Ending Run() override;
 
  private:
   bool Open();
   bool Answers(FrameMode mode, const char* name, const char* answered);
   void Introduce();
-  int ReadSystems(const Model& model);
+  Ending ReadSystems(const Model& model);
 
   TavDrvV1& driver_;
   Transport transport_;
@@ -40,18 +40,18 @@ class UrmK7 final : public Reader {
   Plan plan_;
 };
 
-int UrmK7::Run() {
+Ending UrmK7::Run() {
   if (!Open()) {
     Say(driver_, "error", "Init");
-    return -1;
+    return Ending::kFailed;
   }
-  if (!session_.ReadBasic()) return 0;
+  if (!session_.ReadBasic()) return Ending::kFailed;
   Introduce();
-  if (!session_.ReadClock()) return 0;
+  if (!session_.ReadClock()) return Ending::kFailed;
   const Model* const model = FindModel(session_.GetIdentity().devType);
   if (model == nullptr) {
     Say(driver_, "device not supported", "error");
-    return 0;
+    return Ending::kFailed;
   }
   sections_.SetModel(*model);
   return ReadSystems(*model);
@@ -82,12 +82,12 @@ void UrmK7::Introduce() {
 
 // All systems are read, also after one that failed or that the host stopped: its ReadStop has
 // cleared the request.
-int UrmK7::ReadSystems(const Model& model) {
-  if (model.commonDatabase && !plan_.ReadCommonDatabase()) return 0;
-  int result = 0;
+Ending UrmK7::ReadSystems(const Model& model) {
+  if (model.commonDatabase && !plan_.ReadCommonDatabase()) return Ending::kFailed;
+  Ending result = Ending::kFailed;
   for (const std::uint8_t system : model.systems) {
-    if (plan_.ReadPlan(system)) result = 1;
-    if (out_.Refused()) return 0;
+    if (plan_.ReadPlan(system)) result = Ending::kSucceeded;
+    if (out_.Refused()) return Ending::kFailed;
   }
   return result;
 }

@@ -1,4 +1,4 @@
-// The poll routine of the older protocol: which instrument is there, its reading, the final report.
+// The poll routine of the older protocol: which instrument is there, and its reading.
 #include <new>
 
 #include "older/reading/reading.h"
@@ -8,37 +8,28 @@ namespace older {
 namespace {
 
 // Until the host asks to stop; that end has no report of its own: intended.
-void ReadContinuously(TKSplImpl& reader, const Model& model) {
+Ending ReadContinuously(TKSplImpl& reader, const Model& model) {
   reader.SayNewValues();
   reader.progress.continuous = 1;
   while (reader.driver.IsStop() == 0) {
     Nonstop(reader, model);
-    if (reader.out.Refused()) {
-      reader.driver.ReadStop(false);
-      return;
-    }
+    if (reader.out.Refused()) return Ending::kFailed;
   }
+  return Ending::kUnreported;
 }
 
 }  // namespace
 
-int TKSplImpl::Run() {
+Ending TKSplImpl::Run() {
   if (!IdentifyWithAttempts(*this, 0)) {
     Say("Error Init", "Start Opros");
-    driver.ReadStop(false);
-    return 0;
+    return Ending::kFailed;
   }
   SendIdentity(*this);
   progress = {};
   const Model* model = FindModel(type);
-  if (model == nullptr || !ReadInstrument(*this, *model) || out.Refused()) {
-    driver.ReadStop(false);
-  } else if (policy.continuous) {
-    ReadContinuously(*this, *model);
-  } else {
-    driver.ReadStop(true);
-  }
-  return 0;
+  if (model == nullptr || !ReadInstrument(*this, *model) || out.Refused()) return Ending::kFailed;
+  return policy.continuous ? ReadContinuously(*this, *model) : Ending::kSucceeded;
 }
 
 }  // namespace older

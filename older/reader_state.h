@@ -40,8 +40,8 @@ using UnitText = std::array<char, 16>;
 struct TKSplImpl final : Reader {
   explicit TKSplImpl(TavDrvV1& bound) : driver(bound), policy(bound), link(bound), out(bound) {}
 
-  // The poll routine: identifies, reads, reports. Always 0, the thread's exit code.
-  int Run() override;
+  // The poll routine: identifies and reads.
+  Ending Run() override;
 
   // A message with code 0.
   void Say(const char* text1, const char* text2) { driver.MessageTav(nullptr, text1, text2, 0); }
