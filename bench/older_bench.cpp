@@ -74,7 +74,7 @@ void ReadingOverPseudoTerminal(benchmark::State& state) {
     driver.SetupNumer('N', 1);
     driver.SetupReadGroup('H', true);
     driver.SetupDateTime({2016, 2, 0, 1}, {2016, 2, 0, 11});
-    driver.mode = static_cast<int>(Protocol::kOlder);
+    driver.mode = static_cast<int>(tav::Mode::kOlder);
     driver.stopRequest = 0;  // as Start leaves it
     const auto start = std::chrono::steady_clock::now();
     PollThread(&driver);

@@ -3,18 +3,12 @@
 #include <cstring>
 
 #include "TKSplDrv/driver.h"
+#include "driver/read_groups.h"
 #include "platform/platform.h"
 
 namespace {
 
 constexpr unsigned kThreadStarted = 300;
-
-int GroupIndex(char letter) {
-  for (int i = 0; i < kReadGroupCount; ++i) {
-    if (kReadGroupLetters[i] == letter) return i;
-  }
-  return -1;
-}
 
 }  // namespace
 

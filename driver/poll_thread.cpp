@@ -1,6 +1,7 @@
-// The reading thread: announces its start and end and hands the work to the protocol.
+// The reading thread: announces its start and end and hands the work to the
+// protocol of its mode.
 #include "common/format.h"
-#include "driver/reader.h"
+#include "driver/protocols.h"
 #include "driver/tkspl_drv.h"
 #include "platform/platform.h"
 
@@ -15,22 +16,18 @@ void SendTime(TavDrvV1& driver, const char* subject) {
 }
 
 // Without memory for the reader the reading has failed.
-void ReadAndReport(TavDrvV1& driver, Reader* reader) {
-  const Ending ending = reader != nullptr ? reader->Run() : Ending::kFailed;
-  if (ending != Ending::kUnreported) driver.ReadStop(ending == Ending::kSucceeded);
+Ending ReadBy(const Protocol& protocol, TavDrvV1& driver) {
+  const std::unique_ptr<Reader> reader = protocol.make(driver);
+  return reader != nullptr ? reader->Run() : Ending::kFailed;
 }
 
-// Any other mode reads nothing and reports nothing: intended.
+// A mode that no protocol serves reads nothing and reports nothing: intended.
 unsigned long Read(TKSplDrv& driver) {
-  if (driver.mode == static_cast<int>(Protocol::kOlder)) {
-    ReadAndReport(driver, MakeOlderReader(driver).get());
-    return 0;
-  }
-  if (driver.mode == static_cast<int>(Protocol::kK7)) {
-    ReadAndReport(driver, MakeK7Reader(driver).get());
-    return 1;
-  }
-  return 0;
+  const Protocol* protocol = FindProtocol(driver.mode);
+  if (protocol == nullptr) return 0;
+  const Ending ending = ReadBy(*protocol, driver);
+  if (ending != Ending::kUnreported) driver.ReadStop(ending == Ending::kSucceeded);
+  return protocol->exitCode;
 }
 
 }  // namespace

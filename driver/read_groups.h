@@ -2,14 +2,30 @@
 #pragma once
 
 #include "TKSplDrv/driver.h"
+#include "TKSplDrv/records.h"
 
-// Whether a group is wanted, by its letter in upper or lower case; upper is one of
-// kReadGroupLetters.
-inline bool GroupWanted(const TavDrvV1& driver, char upper) {
-  for (int i = 0; i < kReadGroupCount; i += 2) {
-    // A letter's lower case stands right behind it.
-    if (kReadGroupLetters[i] == upper)
-      return driver.groupFlag[i] != 0 || driver.groupFlag[i + 1] != 0;
+// Where a letter's flag stands in TavDrvV1::groupFlag; -1 for a letter that has none.
+constexpr int GroupIndex(char letter) {
+  for (int i = 0; i < kReadGroupCount; ++i) {
+    if (kReadGroupLetters[i] == letter) return i;
   }
-  return false;
+  return -1;
+}
+
+constexpr int GroupIndex(tav::ReadGroup group) { return GroupIndex(static_cast<char>(group)); }
+
+// Whether a letter in upper or lower case is a group's: its lower case stands right behind it.
+constexpr bool IsLetterOf(tav::ReadGroup group, char letter) {
+  const int index = GroupIndex(group);
+  return letter == kReadGroupLetters[index] || letter == kReadGroupLetters[index + 1];
+}
+
+// Whether a group is wanted, by its letter in upper or lower case.
+inline bool GroupWanted(const TavDrvV1& driver, tav::ReadGroup group) {
+  const int index = GroupIndex(group);
+  return driver.groupFlag[index] != 0 || driver.groupFlag[index + 1] != 0;
+}
+
+inline bool GroupWanted(const TavDrvV1& driver, char upper) {
+  return GroupWanted(driver, static_cast<tav::ReadGroup>(upper));
 }

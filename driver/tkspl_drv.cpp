@@ -2,17 +2,13 @@
 
 #include <cstring>
 
-#include "common/cp1251.h"
+#include "driver/protocols.h"
+#include "driver/read_groups.h"
 
 namespace {
 
-using namespace common::literals;
-
-constexpr unsigned kKinds = 2;
 constexpr int kEnglish = 9;
 constexpr int kRussian = 25;
-constexpr int kLargestNumber = 255;
-constexpr char kOfferedGroups[] = "BEHMSTbehmst";
 
 // Codes and values of the host's port object.
 constexpr int kBufferSize = 1024;
@@ -21,46 +17,46 @@ constexpr int kDataBits = 8;
 constexpr int kParityEven = 2;
 constexpr int kOneStopBit = 0;
 
-bool IsKind(int kind) {
-  return kind == static_cast<int>(Protocol::kOlder) || kind == static_cast<int>(Protocol::kK7);
-}
-
-const char* NameOf(bool older, int language) {
-  switch (language) {
-    case kEnglish:
-      return older ? "Irvela 52x/72x" : "Irvela K7";
-    case kRussian:
-      return older ? "Ирвела 52x/72x"_w : "Ирвела K7"_w;
-    default:
-      return "";
-  }
+const char* NameOf(const Protocol& protocol, int language) {
+  if (language == kEnglish) return protocol.englishName;
+  return language == kRussian ? protocol.russianName : "";
 }
 
 }  // namespace
 
 unsigned TKSplDrv::GetName(int kind, char* text, int language) {
-  if (IsKind(kind) && text != nullptr) {
-    const char* name = NameOf(kind == static_cast<int>(Protocol::kOlder), language);
+  const Protocol* protocol = FindProtocol(kind);
+  if (protocol != nullptr && text != nullptr) {
+    const char* name = NameOf(*protocol, language);
     std::memcpy(text, name, std::strlen(name) + 1);
   }
-  return kKinds;
+  return static_cast<unsigned>(Protocols().size());
 }
 
 unsigned TKSplDrv::GetBaud(int kind, int index, int* speed) {
-  if (!IsKind(kind)) return 0;
-  constexpr int kK7Speeds[] = {2400, 4800, 9600, 19200};
-  const bool older = kind == static_cast<int>(Protocol::kOlder);
-  if (speed != nullptr) *speed = !older && index >= 1 && index <= 4 ? kK7Speeds[index - 1] : 2400;
-  return older ? 1 : 4;
+  const Protocol* protocol = FindProtocol(kind);
+  if (protocol == nullptr) return 0;
+  const auto count = static_cast<int>(protocol->speeds.size());
+  const int known = index >= 1 && index <= count ? index : 1;
+  if (speed != nullptr) *speed = protocol->speeds[static_cast<std::size_t>(known - 1)];
+  return static_cast<unsigned>(count);
 }
 
 unsigned TKSplDrv::CanReadGroup(int kind, char letter) {
-  return IsKind(kind) && letter != '\0' && std::strchr(kOfferedGroups, letter) != nullptr ? 1 : 0;
+  const Protocol* protocol = FindProtocol(kind);
+  if (protocol == nullptr) return 0;
+  for (const tav::ReadGroup group : protocol->groups) {
+    if (IsLetterOf(group, letter)) return 1;
+  }
+  return 0;
 }
 
-unsigned TKSplDrv::GetNumberLimit(int /*kind*/, char letter, int* limit) {
+// A kind that there is not has the limit of the first one: intended.
+unsigned TKSplDrv::GetNumberLimit(int kind, char letter, int* limit) {
   if (letter != 'N') return 0;
-  if (limit != nullptr) *limit = kLargestNumber;
+  const Protocol* protocol = FindProtocol(kind);
+  if (protocol == nullptr) protocol = &Protocols().front();
+  if (limit != nullptr) *limit = protocol->largestNumber;
   return 1;
 }
 

@@ -3,8 +3,6 @@
 
 #include "TKSplDrv/driver.h"
 
-enum class Protocol : int { kOlder = 1, kK7 = 2 };
-
 #if defined(_WIN32)
 #pragma pack(push, 1)
 #endif
@@ -21,7 +19,7 @@ class TKSplDrv final : public TavDrvV1 {
   unsigned Stop() override;
   void* Destroy(unsigned flags) override;
 
-  int mode = 0;  // the protocol kind given to Start
+  int mode = 0;  // the kind given to Start: a tav::Mode, or one that no protocol serves
 
  private:
   bool OpenPort();

@@ -11,6 +11,7 @@ using tav::Column;
 using tav::ColumnCount;
 using tav::Columns;
 using tav::Join;
+using tav::ReadGroup;
 using tav::RecordSize;
 using tav::RecordStream;
 using tav::Role;

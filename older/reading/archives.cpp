@@ -46,8 +46,7 @@ bool ReadArchiveSection(TKSplImpl& reader, const ReadPart& part, const Period& p
 
 // The hours are read for the upper-case letter alone, though they are planned for both: intended.
 bool HoursWanted(const TKSplImpl& reader) {
-  static_assert(kReadGroupLetters[0] == 'H');
-  return reader.driver.groupFlag[0] != 0;
+  return reader.driver.groupFlag[GroupIndex(ReadGroup::kHours)] != 0;
 }
 
 }  // namespace
@@ -58,8 +57,10 @@ void WriteArchiveLayout(TKSplImpl& reader, const ReadPart& part, const ArchiveRe
 }
 
 bool ReadArchiveSections(TKSplImpl& reader, const ReadPart& part) {
-  if (GroupWanted(reader.driver, 'M') && !ReadArchiveSection(reader, part, kMonths)) return false;
-  if (GroupWanted(reader.driver, 'S') && !ReadArchiveSection(reader, part, kDays)) return false;
+  if (GroupWanted(reader.driver, ReadGroup::kMonths) && !ReadArchiveSection(reader, part, kMonths))
+    return false;
+  if (GroupWanted(reader.driver, ReadGroup::kDays) && !ReadArchiveSection(reader, part, kDays))
+    return false;
   return !HoursWanted(reader) || ReadArchiveSection(reader, part, kHours);
 }
 

@@ -40,7 +40,7 @@ void ReadLogSection(TKSplImpl& reader, const ReadPart& part, const Log& log, con
 
 bool ReadLogSections(TKSplImpl& reader, const ReadPart& part) {
   const LogAddresses* logs = part.model.logs;
-  if (logs == nullptr || !GroupWanted(reader.driver, 'E')) return true;
+  if (logs == nullptr || !GroupWanted(reader.driver, ReadGroup::kLogs)) return true;
   if (Stopped(reader)) return false;
   const int place = part.system - 1;
   ReadLogSection(reader, part, kChangeLog, "ИЗМ"_w, logs->changes[place]);

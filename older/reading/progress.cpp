@@ -14,11 +14,11 @@ void PlanProgress(TKSplImpl& reader, const ProgressWeights& weights) {
   const std::int64_t days = hours / 24 + 1;
   const std::int64_t months = hours / 24 / 30 + 1;
   std::int64_t units = 3;
-  if (GroupWanted(reader.driver, 'H')) units += hours + 1;
-  if (GroupWanted(reader.driver, 'S')) units += days + 1;
-  if (GroupWanted(reader.driver, 'M')) units += months + 1;
-  if (GroupWanted(reader.driver, 'B')) units += weights.database;
-  if (GroupWanted(reader.driver, 'T')) units += weights.operative;
+  if (GroupWanted(reader.driver, ReadGroup::kHours)) units += hours + 1;
+  if (GroupWanted(reader.driver, ReadGroup::kDays)) units += days + 1;
+  if (GroupWanted(reader.driver, ReadGroup::kMonths)) units += months + 1;
+  if (GroupWanted(reader.driver, ReadGroup::kDatabase)) units += weights.database;
+  if (GroupWanted(reader.driver, ReadGroup::kCurrent)) units += weights.operative;
   if (weights.doubled) units = units * 2 + 3;
   reader.driver.prStep = 100.0F / static_cast<float>(units);
   reader.driver.IncPr(5);

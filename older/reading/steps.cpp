@@ -56,7 +56,7 @@ void WriteRow(TKSplImpl& reader, std::span<const std::uint8_t> record) {
 
 bool ReadDatabaseSection(TKSplImpl& reader, const ReadPart& part, const DatabaseSection& section,
                          std::span<const std::uint8_t> record) {
-  if (!GroupWanted(reader.driver, 'B')) return true;
+  if (!GroupWanted(reader.driver, ReadGroup::kDatabase)) return true;
   if (Stopped(reader)) return false;
   TellStart(reader, part, section.start, section.startName);
   reader.out.Title(TitleKind::kDatabase, part.name, reader.InstrumentClock);
@@ -95,7 +95,7 @@ bool ReadOperative(TKSplImpl& reader, const ReadPart& part, const char* title) {
 }
 
 bool ReadOperativeSection(TKSplImpl& reader, const ReadPart& part) {
-  if (!GroupWanted(reader.driver, 'T')) return true;
+  if (!GroupWanted(reader.driver, ReadGroup::kCurrent)) return true;
   if (Stopped(reader)) return false;
   TellStart(reader, part, part.model.start, part.model.operative.startName);
   if (!ReadOperative(reader, part, part.name)) return false;
