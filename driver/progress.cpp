@@ -1,4 +1,7 @@
 // Progress and the final report of a reading.
+#include <cmath>
+#include <limits>
+
 #include "TKSplDrv/driver.h"
 #include "platform/platform.h"
 
@@ -6,11 +9,19 @@ namespace {
 
 constexpr int kSucceeded = 101;
 
+// Truncated; beyond an int the nearest one, and what is no number is 0.
+int Whole(float value) {
+  constexpr float kBound = 2147483648.0F;  // 2 to the power 31
+  if (value >= kBound) return std::numeric_limits<int>::max();
+  if (value < -kBound) return std::numeric_limits<int>::min();
+  return std::isnan(value) ? 0 : static_cast<int>(value);
+}
+
 }  // namespace
 
 int TavDrvV1::GetPr() {
   const platform::LockGuard guard(prLock);
-  return static_cast<int>(progress);
+  return Whole(progress);
 }
 
 void TavDrvV1::SetPr(int value) {

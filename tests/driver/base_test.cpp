@@ -1,6 +1,7 @@
 #include <doctest/doctest.h>
 
 #include <cstring>
+#include <limits>
 
 #include "common/cp1251.h"
 #include "driver/record_stream.h"
@@ -101,6 +102,16 @@ TEST_CASE("progress and its end") {
   CHECK(f.driver.GetPr() == 37);
   f.driver.IncPr(5);
   CHECK(f.driver.GetPr() == 99);  // exactly 100 becomes 99
+  constexpr int kMost = std::numeric_limits<int>::max();
+  for (const int any : {kMost, -kMost - 1}) {
+    f.driver.SetPr(any);
+    CHECK(f.driver.GetPr() == any);
+  }
+  for (int i = 0; i < 2; ++i) f.driver.IncPr(-kMost);
+  CHECK(f.driver.GetPr() == -kMost - 1);
+  f.driver.prStep = std::numeric_limits<float>::quiet_NaN();
+  f.driver.IncPr(1);
+  CHECK(f.driver.GetPr() == 0);
   f.driver.ReadStop(true);
   CHECK(f.driver.GetPr() == 101);
 
@@ -175,5 +186,7 @@ TEST_CASE("the port is set up in order, and the first refusal ends it") {
                               all.begin(), all.begin() + 1 + static_cast<std::ptrdiff_t>(refused)));
     CHECK(f.driver.idle == 1);
     CHECK(f.stream.messages.empty());
+    f.port.refuse = "";
+    CHECK(f.driver.Start(3) == 1);  // it may be tried again
   }
 }
