@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "TKSplDrv/driver.h"
+#include "driver/one_reading.h"
 #include "driver/read_groups.h"
 #include "platform/platform.h"
 
@@ -103,23 +104,7 @@ unsigned TavDrvV1::SetupParametr(char index, int /*size*/, void* value) {
 }
 
 unsigned TavDrvV1::Start(TavThreadRoutine routine) {
-  {
-    const platform::LockGuard guard(stopLock);
-    // Never armed again once a thread was started: one object serves one reading.
-    if (idle == 0) return 0;
-    stopRequest = 0;
-    idle = 0;
-  }
-  SetPr(0);
-  const platform::Thread started = platform::CreateThread(routine, this);
-  thread = started.handle;
-  threadId = started.id;
-  if (started.handle != nullptr) return kThreadStarted;
-
-  const platform::LockGuard guard(stopLock);
-  stopRequest = 1;
-  idle = 1;
-  return 0;
+  return TakeReading(*this) && StartThread(*this, routine) ? kThreadStarted : 0;
 }
 
 unsigned TavDrvV1::Stop() {

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "driver/one_reading.h"
 #include "driver/protocols.h"
 #include "driver/read_groups.h"
 
@@ -67,8 +68,14 @@ bool TKSplDrv::OpenPort() {
 }
 
 unsigned TKSplDrv::Start(int kind) {
+  // Before anything else: a second start leaves mode and port of the running reading alone.
+  if (!TakeReading(*this)) return 0;
   mode = kind;
-  return OpenPort() && TavDrvV1::Start(PollThread) != 0 ? 1 : 0;
+  if (!OpenPort()) {
+    GiveReadingBack(*this);
+    return 0;
+  }
+  return StartThread(*this, PollThread) ? 1 : 0;
 }
 
 unsigned TKSplDrv::Stop() { return TavDrvV1::Stop() != 0 ? 1 : 0; }

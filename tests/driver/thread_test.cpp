@@ -4,13 +4,15 @@
 #include <atomic>
 #include <chrono>
 #include <future>
+#include <new>
 #include <thread>
 
+#include "TKSplDrv/records.h"
 #include "driver/tkspl_drv.h"
 #include "platform/platform.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/fake_port.h"
-#include "tests/support/recording_stream.h"
+#include "tests/support/reading.h"
 
 namespace {
 
@@ -44,7 +46,27 @@ void StartEndless(Host& host) {
   while (!host.reading) std::this_thread::yield();
 }
 
+void StopAndWait(Host& host) {
+  auto ended = host.ended.get_future();
+  while (ended.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready) {
+    host.driver->Stop();
+  }
+}
+
+std::atomic<bool> noLargeBlocks = false;
+
 }  // namespace
+
+// The readers' memory, which a test refuses; the thread's own record is small.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+  constexpr std::size_t kLarge = 1000;
+  if (noLargeBlocks && size > kLarge) return nullptr;
+  try {
+    return ::operator new(size);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
 
 TEST_CASE("a mode that no protocol serves announces its start and end and reads nothing") {
   Host host;
@@ -54,7 +76,6 @@ TEST_CASE("a mode that no protocol serves announces its start and end and reads 
   CHECK(host.stream.messages == std::vector<std::string>{"2016.09.04:13.05.09 / Start Opros",
                                                          "2016.09.04:13.05.09 / Opros End"});
   CHECK(host.driver->GetPr() == 0);
-  CHECK(host.driver->Start(3) == 0);  // one reading an object
   CHECK(host.driver->Stop() == 1);
   CHECK(host.driver->Close() == 0);
   CHECK(host.driver->Kill() == 1);  // harmless after the end
@@ -78,13 +99,37 @@ TEST_CASE("a running reading is ended by Kill and by the destructor") {
 TEST_CASE("a stop ends even a billion attempts") {
   Host host;
   StartEndless(host);
-  auto ended = host.ended.get_future();
-  while (ended.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready) {
-    host.driver->Stop();
-  }
+  StopAndWait(host);
   CHECK(host.stream.Said("Error / ReadStop"));
   CHECK(host.driver->GetPr() == -1);
   host.driver->Destroy(1);
+}
+
+TEST_CASE("a second start touches nothing") {
+  Host host;
+  StartEndless(host);
+  auto& driver = *static_cast<TKSplDrv*>(host.driver);
+  const auto setUp = host.port.setUp;
+  for (int i = 0; i < 2; ++i) {  // while it reads, and after its end
+    CHECK(driver.Start(2) == 0);
+    CHECK(static_cast<TavDrvV1&>(driver).Start(PollThread) == 0);
+    CHECK(driver.mode == 1);
+    CHECK(host.port.setUp == setUp);
+    if (i == 0) StopAndWait(host);
+  }
+  host.driver->Destroy(1);
+}
+
+TEST_CASE("without memory for its reader a reading fails") {
+  for (const tav::Mode mode : {tav::Mode::kOlder, tav::Mode::kK7}) {
+    support::Reading reading;
+    noLargeBlocks = true;
+    reading.Run(static_cast<int>(mode));
+    noLargeBlocks = false;
+    CHECK(reading.stream.messages == std::vector<std::string>{"2016.09.04:13.05.09 / Start Opros",
+                                                              "Error / ReadStop",
+                                                              "2016.09.04:13.05.09 / Opros End"});
+  }
 }
 
 TEST_CASE("LFree releases a finished reading") {
