@@ -3,15 +3,21 @@
 
 #include "older/reading/reading.h"
 #include "older/session/session.h"
+#include "platform/platform.h"
 
 namespace older {
 namespace {
+
+// Before a cycle that follows one without a single reply, so that a dead port, which fails at once,
+// does not flood the host with messages.
+constexpr unsigned kDeadCyclePause = 25;  // ms
 
 // Until the host asks to stop; that end has no report of its own: intended.
 Ending ReadContinuously(TKSplImpl& reader, const Model& model) {
   reader.SayNewValues();
   reader.progress.continuous = 1;
   while (reader.driver.IsStop() == 0) {
+    if (!reader.link.TakeAnswered()) platform::Sleep(kDeadCyclePause);
     Nonstop(reader, model);
     if (reader.out.Refused()) return Ending::kFailed;
   }

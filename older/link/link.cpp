@@ -1,6 +1,7 @@
 #include "older/link/link.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/platform.h"
 
@@ -54,8 +55,11 @@ ExchangeError Link::ReadReply(std::span<std::uint8_t> data) {
   const auto checked = std::span(reply_).first(kHeaderSize + size + 1);
   if (Checksum(checked) != received) return ExchangeError::kChecksum;
   std::copy_n(reply_.begin() + kHeaderSize, size, data.begin());
+  answered_ = true;
   return ExchangeError::kNone;
 }
+
+bool Link::TakeAnswered() { return std::exchange(answered_, false); }
 
 ExchangeError Link::ReadErrorReply() {
   if (Receive(3, 1) < 1) return ExchangeError::kNoErrorCode;

@@ -35,6 +35,9 @@ class Link {
   int ReadPlain(unsigned count);
   std::span<std::uint8_t> Received() { return reply_; }
 
+  // Whether a reply was accepted since the last call of this.
+  bool TakeAnswered();
+
   // Memory ('R').
   ExchangeError ReadMemory(std::uint16_t address, std::span<std::uint8_t> data);
 
@@ -47,6 +50,7 @@ class Link {
   ExchangeError ReadErrorReply();
 
   TavDrvV1& driver_;
+  bool answered_ = false;
   std::array<std::uint8_t, 1024> reply_{};  // every reply of every request passes through it
 };
 

@@ -1,6 +1,8 @@
 // The continuous reading of a model 521.
 #include <doctest/doctest.h>
 
+#include <algorithm>
+
 #include "common/cp1251.h"
 #include "tests/support/older_line.h"
 #include "tests/support/reading.h"
@@ -112,5 +114,8 @@ TEST_CASE("a cycle that fails is told, and the next one starts over") {
   };
   r.Run();
   CHECK(r.stream.CountOf("12 / Dt") == 1);
+  // Before a cycle that follows a silent one, and only there.
+  auto pauses = support::clock::Pauses();
+  CHECK(std::count(pauses.begin(), pauses.end(), 25U) == 1);
   CHECK(support::TakeApart(r.stream.writes).size() >= 2);
 }
