@@ -6,6 +6,7 @@
 #include <cstring>
 #include <vector>
 
+#include "TKSplDrv/records.h"
 #include "bench/counting_host.h"
 #include "driver/tkspl_drv.h"
 #include "host/line/serial_port.h"

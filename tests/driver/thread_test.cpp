@@ -25,6 +25,7 @@ struct Host {
     // A thread that is ended on Windows is ended where it is: here, where it holds nothing.
     port.onRead = [this] {
       reading = true;
+      while (held) std::this_thread::yield();
       std::this_thread::sleep_for(std::chrono::milliseconds(slowRead));
     };
     driver = LInit(static_cast<HostStream*>(&stream), static_cast<HostPort*>(&port));
@@ -34,7 +35,8 @@ struct Host {
   support::FakePort port;
   std::promise<void> ended;
   std::atomic<bool> reading = false;
-  int slowRead = 0;  // ms
+  std::atomic<bool> held = false;  // the reading waits in its port
+  int slowRead = 0;                // ms
   TavDrvV1* driver = nullptr;
 };
 
@@ -107,16 +109,20 @@ TEST_CASE("a stop ends even a billion attempts") {
 
 TEST_CASE("a second start touches nothing") {
   Host host;
+  host.held = true;
   StartEndless(host);
   auto& driver = *static_cast<TKSplDrv*>(host.driver);
-  const auto setUp = host.port.setUp;
-  for (int i = 0; i < 2; ++i) {  // while it reads, and after its end
+  const auto refused = [&] {
+    const auto setUp = host.port.setUp;
     CHECK(driver.Start(2) == 0);
     CHECK(static_cast<TavDrvV1&>(driver).Start(PollThread) == 0);
     CHECK(driver.mode == 1);
     CHECK(host.port.setUp == setUp);
-    if (i == 0) StopAndWait(host);
-  }
+  };
+  refused();
+  host.held = false;
+  StopAndWait(host);
+  refused();
   host.driver->Destroy(1);
 }
 
