@@ -5,12 +5,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <initializer_list>
 #include <span>
-#include <utility>
+#include <tuple>
 
 #include "TKSplDrv/records.h"
-#include "common/does_not_compile.h"
 
 namespace tav {
 
@@ -41,6 +39,8 @@ struct Column {
   const char* caption = nullptr;  // null: the name again
   const char* group = nullptr;    // null: kDefaultGroup
   std::uint8_t width = WidthOf(type);
+  // How the instrument writes the value, where its protocol knows several ways; no host sees it.
+  std::uint8_t form = 0;
 };
 
 using Columns = std::span<const Column>;
@@ -51,21 +51,30 @@ constexpr std::size_t RecordSize(Columns columns) {
   return size;
 }
 
-// One table of N columns out of several; another number of columns does not compile.
+// What a table is made of: single columns and other tables.
+constexpr std::array<Column, 1> AsTable(const Column& column) { return {column}; }
 template <std::size_t N>
-consteval std::array<Column, N> Join(std::initializer_list<Columns> parts) {
-  std::size_t count = 0;
-  for (const Columns& part : parts) count += part.size();
-  if (count != N) common::DoesNotCompile("the parts have another number of columns");
-  const auto at = [parts](std::size_t index) {
-    const Columns* part = parts.begin();
-    for (; index >= part->size(); ++part) index -= part->size();
-    return (*part)[index];
-  };
-  return [&]<std::size_t... I>(std::index_sequence<I...>) {
-    return std::array<Column, N>{at(I)...};
-  }
-  (std::make_index_sequence<N>());
+constexpr std::array<Column, N> AsTable(const Column (&columns)[N]) {
+  return std::to_array(columns);
+}
+template <std::size_t N>
+constexpr std::array<Column, N> AsTable(const std::array<Column, N>& columns) {
+  return columns;
+}
+
+// One table out of columns and tables, in their order.
+template <typename... Parts>
+constexpr auto Table(const Parts&... parts) {
+  return std::apply([](const auto&... columns) { return std::array{columns...}; },
+                    std::tuple_cat(AsTable(parts)...));
+}
+
+// The same columns in another role.
+template <typename Part>
+constexpr auto WithRole(Role role, const Part& part) {
+  auto table = AsTable(part);
+  for (Column& column : table) column.role = role;
+  return table;
 }
 
 }  // namespace tav

@@ -10,14 +10,15 @@ using tav::ChosenUnits;
 using tav::Column;
 using tav::ColumnCount;
 using tav::Columns;
-using tav::Join;
 using tav::ReadGroup;
 using tav::RecordSize;
 using tav::RecordStream;
 using tav::Role;
+using tav::Table;
 using tav::TitleKind;
 using tav::Type;
 using tav::Unit;
 using tav::WidthOf;
+using tav::WithRole;
 
 }  // namespace older

@@ -53,6 +53,9 @@ inline constexpr std::uint8_t kStartByte = 0x10;
 inline constexpr std::uint8_t kEndByte = 0x16;
 inline constexpr std::uint8_t kErrorMark = 0x21;  // '!' in place of the function code
 
+// The most data of a reply: requests count them in one byte.
+inline constexpr std::size_t kMostReplyData = 255;
+
 // Bytes of a data reply beside its data: 3 before them, checksum and end byte after.
 inline constexpr std::size_t kReplyOverhead = 5;
 

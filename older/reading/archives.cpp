@@ -3,7 +3,6 @@
 #include "driver/read_groups.h"
 #include "older/reading/period.h"
 #include "older/reading/reading.h"
-#include "older/reads/archive.h"
 
 namespace older {
 namespace {
@@ -11,14 +10,11 @@ namespace {
 // Writes the records of the period's dates; date ends at the first one that was not asked for.
 // False when the reading was stopped or the host refused a write.
 bool ReadRecords(TKSplImpl& reader, const ReadPart& part, const Period& period, SYSTEMTIME& date) {
-  const ArchiveRecord& archive = part.model.archives[static_cast<int>(period.kind)].record;
-  std::array<std::uint8_t, kLargestArchiveRecord> buffer{};
-  const auto record = std::span(buffer).first(RecordSize(archive.columns));
+  ArchiveReading reading(part.model.archives[static_cast<int>(period.kind)].record);
   while (period.Includes(date, reader.driver.dateTo)) {
     period.cut(date);
-    if (ReadArchiveRecord(reader, archive, period.function, date, part.model.tellsArchives, record)
-            .done) {
-      WriteRow(reader, record);
+    if (reading.Read(reader, period.function, date)) {
+      WriteRow(reader, reading.Record());
       if (reader.out.Refused()) return false;
     }
     period.step(&date);
@@ -54,6 +50,10 @@ bool HoursWanted(const TKSplImpl& reader) {
 void WriteArchiveLayout(TKSplImpl& reader, const ReadPart& part, const ArchiveRecord& archive) {
   reader.out.Layout(archive.columns, part.model.units(reader, part.system),
                     ColumnCount::kAnnounced);
+}
+
+bool ArchiveReading::Read(TKSplImpl& reader, Function function, const SYSTEMTIME& date) {
+  return ReadArchiveRecord(reader, archive_, function, date, Part(record_), Part(first_)).done;
 }
 
 bool ReadArchiveSections(TKSplImpl& reader, const ReadPart& part) {

@@ -32,10 +32,8 @@ bool ReadBlockOrTell(TKSplImpl& reader, const Block& block, int system,
   return result.done;
 }
 
-void TellMode(TKSplImpl& reader, const Block& block, std::span<const std::uint8_t> record,
-              int system) {
-  reader.Say(common::Format("%u", NumberIn(block.columns, record, "SP")),
-             common::Format("Regim%u", static_cast<unsigned>(system)));
+void TellMode(TKSplImpl& reader, std::uint32_t mode, int system) {
+  reader.SayNumber(mode, common::Format("Regim%d", system));
 }
 
 // Greets, reads the clock, plans the progress and reads the instrument's database.
@@ -53,8 +51,7 @@ bool OpenInstrument(TKSplImpl& reader, const Model& model, std::span<std::uint8_
   const Block& block = model.database.block;
   if (!ReadBlockOrTell(reader, block, 1, record)) return false;
   reader.driver.IncPr(weights.databaseRead);
-  common::SetText(reader.driver.numberText,
-                  common::Format("%u", NumberIn(block.columns, record, "ID")));
+  common::SetText(reader.driver.numberText, common::Format("%u", NumberIn(model.number, record)));
   if (model.keepSettings != nullptr) model.keepSettings(reader, record);
   reader.Say(reader.driver.numberText, "Numer");
   return true;
@@ -67,10 +64,10 @@ bool ReadSections(TKSplImpl& reader, const ReadPart& part) {
 
 // A heat system that is switched off is left out, here and in the continuous reading.
 bool LeftOut(TKSplImpl& reader, const ReadPart& part, std::span<const std::uint8_t> record) {
-  const Columns columns = part.model.systemDatabase->block.columns;
-  if (NumberIn(columns, record, "SP") != kModeNotInUse) return false;
-  common::ShortText text = common::Format("%s%s%u", part.name.characters, " Код ввода "_w,
-                                          NumberIn(columns, record, "KW"));
+  const HeatSystems& systems = *part.model.systems;
+  if (NumberIn(systems.mode, record) != kModeNotInUse) return false;
+  const auto text = common::Format("%s%s%u", part.name.characters, " Код ввода "_w,
+                                   NumberIn(systems.entryNumber, record));
   reader.Say(text, "Чтение нецелесообразно"_w);
   reader.progress.SystemSkip[part.system] = 1;
   return true;
@@ -84,24 +81,23 @@ bool ReadSystem(TKSplImpl& reader, const Model& model, int system) {
     TellSystemNotOpened(reader, system);
     return false;
   }
-  char number[16];
-  reader.Say(UcToSChar(number, static_cast<unsigned long>(system)), "Init Opros OK ТВ"_w);
+  reader.SayNumber(static_cast<unsigned long>(system), "Init Opros OK ТВ"_w);
   reader.driver.IncPr(2);
 
-  const DatabaseSection& database = *model.systemDatabase;
+  const DatabaseSection& database = model.systems->database;
   std::array<std::uint8_t, kLargestDatabase> buffer{};
   const auto record = std::span(buffer).first(RecordSize(database.block.columns));
   if (!ReadBlockOrTell(reader, database.block, system, record)) return false;
-  TellMode(reader, database.block, record, system);
+  TellMode(reader, NumberIn(model.systems->mode, record), system);
   reader.driver.IncPr(8);
   if (!ReadDatabaseSection(reader, part, database, record)) return false;
   return LeftOut(reader, part, record) || ReadSections(reader, part);
 }
 
-// Both systems are read whatever the other gave; only a host that takes no more ends it.
+// Every system is read whatever the others gave; only a host that takes no more ends it.
 bool ReadSystems(TKSplImpl& reader, const Model& model, bool general) {
   bool any = false;
-  for (int system = 1; system <= 2 && !reader.out.Refused(); ++system) {
+  for (int system = 1; system <= model.systems->count && !reader.out.Refused(); ++system) {
     any = ReadSystem(reader, model, system) || any;
   }
   return general && any;
@@ -113,18 +109,16 @@ bool ReadWhole(TKSplImpl& reader, const Model& model) {
   std::array<std::uint8_t, kLargestDatabase> buffer{};
   const auto record = std::span(buffer).first(RecordSize(block.columns));
   if (!OpenInstrument(reader, model, record)) return false;
-  if (model.systemDatabase != nullptr) {
-    return ReadDatabaseSection(reader, part, model.database, record);
-  }
-  TellMode(reader, block, record, part.system);
-  return ReadDatabaseSection(reader, part, model.database, record) && ReadSections(reader, part);
+  if (model.systems == nullptr) TellMode(reader, NumberIn(model.mode, record), part.system);
+  if (!ReadDatabaseSection(reader, part, model.database, record)) return false;
+  return model.systems != nullptr || ReadSections(reader, part);
 }
 
 }  // namespace
 
 bool ReadInstrument(TKSplImpl& reader, const Model& model) {
   const bool whole = ReadWhole(reader, model);
-  return model.systemDatabase != nullptr ? ReadSystems(reader, model, whole) : whole;
+  return model.systems != nullptr ? ReadSystems(reader, model, whole) : whole;
 }
 
 }  // namespace older

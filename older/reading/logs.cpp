@@ -1,16 +1,12 @@
 // The log sections: the entries whose hour lies in the requested range.
 #include <cstring>
 
-#include "common/cp1251.h"
 #include "driver/read_groups.h"
 #include "older/reading/period.h"
 #include "older/reading/reading.h"
-#include "older/reads/log.h"
 
 namespace older {
 namespace {
-
-using namespace common::literals;
 
 bool InRange(const TavDrvV1& driver, std::span<const std::uint8_t> record) {
   TAVDT key;
@@ -20,17 +16,19 @@ bool InRange(const TavDrvV1& driver, std::span<const std::uint8_t> record) {
 }
 
 // A log without entries leaves no section; one without an entry in range leaves an empty one.
-void ReadLogSection(TKSplImpl& reader, const ReadPart& part, const Log& log, const char* name,
-                    std::uint16_t address) {
-  const common::ShortText title = common::Format("%s %s", part.name.characters, name);
+void ReadLogSection(TKSplImpl& reader, const ReadPart& part, const LogSection& section) {
+  const Log& log = section.log;
+  const common::ShortText title = common::Format("%s %s", part.name.characters, log.name);
   reader.Say(common::Format("Start Read %s", title.characters), "Sit");
-  const LogRecords records = ReadLog(reader, log, address);
-  if (records.count == 0) return;
+  FlashBuffer flash;
+  auto entries = ReadLog(reader, log, section.place[part.system - 1], flash);
+  std::array<std::uint8_t, kLargestLogRecord> buffer{};
+  const auto record = std::span(buffer).first(RecordSize(log.columns));
+  bool more = NextRecord(log, entries, record);
+  if (!more) return;
   reader.out.Title(TitleKind::kLog, title, reader.InstrumentClock);
   reader.out.Layout(log.columns, {}, ColumnCount::kAnnounced);
-  const std::size_t size = RecordSize(log.columns);
-  for (std::size_t i = 0; i < records.count; ++i) {
-    const auto record = std::span(records.bytes).subspan(i * size, size);
+  for (; more; more = NextRecord(log, entries, record)) {
     if (InRange(reader.driver, record)) WriteRow(reader, record);
   }
   reader.out.EndMarker();
@@ -39,14 +37,13 @@ void ReadLogSection(TKSplImpl& reader, const ReadPart& part, const Log& log, con
 }  // namespace
 
 bool ReadLogSections(TKSplImpl& reader, const ReadPart& part) {
-  const LogAddresses* logs = part.model.logs;
-  if (logs == nullptr || !GroupWanted(reader.driver, ReadGroup::kLogs)) return true;
+  if (part.model.logs.empty() || !GroupWanted(reader.driver, ReadGroup::kLogs)) return true;
   if (Stopped(reader)) return false;
-  const int place = part.system - 1;
-  ReadLogSection(reader, part, kChangeLog, "ИЗМ"_w, logs->changes[place]);
-  if (reader.out.Refused()) return false;
-  ReadLogSection(reader, part, kSituationLog, "НС"_w, logs->situations[place]);
-  return !reader.out.Refused();
+  for (const LogSection& section : part.model.logs) {
+    ReadLogSection(reader, part, section);
+    if (reader.out.Refused()) return false;
+  }
+  return true;
 }
 
 }  // namespace older

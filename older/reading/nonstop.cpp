@@ -2,7 +2,6 @@
 // instrument has closed them. Months are not read here.
 #include "older/reading/period.h"
 #include "older/reading/reading.h"
-#include "older/reads/archive.h"
 
 namespace older {
 namespace {
@@ -21,14 +20,12 @@ bool Due(const TKSplImpl& reader, const Period& period, int system) {
 // Reads and writes the next record and goes on to the one after it, whether or not it was there.
 void ReadNext(TKSplImpl& reader, const ReadPart& part, const Period& period) {
   const ArchiveRecord& archive = part.model.archives[static_cast<int>(period.kind)].record;
-  std::array<std::uint8_t, kLargestArchiveRecord> buffer{};
-  const auto record = std::span(buffer).first(RecordSize(archive.columns));
+  ArchiveReading reading(archive);
   SYSTEMTIME& date = reader.progress.NextDate[static_cast<int>(period.kind)][part.system];
-  if (ReadArchiveRecord(reader, archive, period.function, date, part.model.tellsArchives, record)
-          .done) {
+  if (reading.Read(reader, period.function, date)) {
     reader.out.Title(period.title, reader.driver.sectionText, reader.InstrumentClock);
     WriteArchiveLayout(reader, part, archive);
-    WriteRow(reader, record);
+    WriteRow(reader, reading.Record());
     reader.out.EndMarker();
     if (!reader.out.Refused()) reader.SayNewValues();
   }
@@ -44,7 +41,7 @@ void NonstopStep(TKSplImpl& reader, const ReadPart& part) {
   reader.SayNewValues();
   if (EndsStep(reader) || reader.InstrumentClock.minute < kFirstMinute) return;
   if (!Due(reader, kHours, part.system)) return;
-  if (part.model.systemDatabase != nullptr && !OpenSystem(reader, part.system)) {
+  if (part.model.systems != nullptr && !OpenSystem(reader, part.system)) {
     TellSystemNotOpened(reader, part.system);
     return;
   }
@@ -59,11 +56,11 @@ void NonstopStep(TKSplImpl& reader, const ReadPart& part) {
 void Nonstop(TKSplImpl& reader, const Model& model) {
   reader.Say("reading...", "Nonstop");
   if (!ReadClockOrTell(reader)) return;
-  if (model.systemDatabase == nullptr) {
+  if (model.systems == nullptr) {
     NonstopStep(reader, WholeInstrument(model));
     return;
   }
-  for (int system = 1; system <= 2 && !reader.out.Refused(); ++system) {
+  for (int system = 1; system <= model.systems->count && !reader.out.Refused(); ++system) {
     NonstopStep(reader, HeatSystem(model, system));
   }
 }

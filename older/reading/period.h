@@ -5,7 +5,7 @@
 
 #include "TKSplDrv/conversions.h"
 #include "older/link/frame.h"
-#include "older/reader_state.h"
+#include "older/session/reader_state.h"
 #include "older/tables.h"
 
 namespace older {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "common/format.h"
-#include "older/models/model.h"
+#include "older/models/catalogue.h"
 
 namespace older {
 
@@ -37,9 +37,29 @@ void TellSystemNotOpened(TKSplImpl& reader, int system);
 // (which is told) or the host refused a write.
 bool ReadOperative(TKSplImpl& reader, const ReadPart& part, const char* title);
 
-// Layout and marker of a section that has a row for each record.
+// The layout of a section that has a row for each record.
 void WriteArchiveLayout(TKSplImpl& reader, const ReadPart& part, const ArchiveRecord& archive);
 void WriteRow(TKSplImpl& reader, std::span<const std::uint8_t> record);
+
+// The record of a date, in its own memory.
+class ArchiveReading {
+ public:
+  explicit ArchiveReading(const ArchiveRecord& archive) : archive_(archive) {}
+
+  // False when it was not obtained.
+  bool Read(TKSplImpl& reader, Function function, const SYSTEMTIME& date);
+  std::span<const std::uint8_t> Record() { return Part(record_); }
+
+ private:
+  using Buffer = std::array<std::uint8_t, kLargestArchiveRecord>;
+  std::span<std::uint8_t> Part(Buffer& buffer) {
+    return std::span(buffer).first(RecordSize(archive_.columns));
+  }
+
+  const ArchiveRecord& archive_;
+  Buffer record_{};
+  Buffer first_{};  // of two readings
+};
 
 // --- Steps of the batch reading ---
 

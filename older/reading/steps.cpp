@@ -1,5 +1,4 @@
 // Steps of a reading: what is asked before a section, and the sections without dates.
-#include "TKSplDrv/conversions.h"
 #include "common/cp1251.h"
 #include "driver/read_groups.h"
 #include "older/reading/reading.h"
@@ -22,8 +21,7 @@ bool ReadClockOrTell(TKSplImpl& reader) {
 }
 
 void TellError(TKSplImpl& reader, ExchangeError error, const char* subject) {
-  char text[16];
-  reader.Say(UcToSChar(text, static_cast<unsigned long>(error)), subject);
+  reader.SayNumber(static_cast<unsigned long>(error), subject);
 }
 
 bool OpenSystem(TKSplImpl& reader, int system) {
@@ -31,8 +29,7 @@ bool OpenSystem(TKSplImpl& reader, int system) {
 }
 
 void TellSystemNotOpened(TKSplImpl& reader, int system) {
-  char text[16];
-  reader.Say(UcToSChar(text, static_cast<unsigned long>(system)), "Init Opros Error ТВ"_w);
+  reader.SayNumber(static_cast<unsigned long>(system), "Init Opros Error ТВ"_w);
 }
 
 bool Stopped(TKSplImpl& reader) {

@@ -13,7 +13,7 @@ ExchangeError RequestRecord(TKSplImpl& reader, const ArchiveRecord& archive, Fun
                             const SYSTEMTIME& date, std::span<std::uint8_t> record) {
   ExchangeError error = reader.link.Send(ArchiveRequest(function, date));
   if (error != ExchangeError::kNone) return error;
-  std::array<std::uint8_t, kLargestArchiveReply> buffer{};
+  std::array<std::uint8_t, kMostReplyData> buffer{};
   const auto reply = std::span(buffer).first(archive.replySize);
   error = reader.link.ReadReply(reply);
   if (error != ExchangeError::kNone) return error;
@@ -35,47 +35,53 @@ void TellDate(TKSplImpl& reader, const SYSTEMTIME& date, bool padded, const char
   reader.Say(text, subject);
 }
 
-}  // namespace
-
-ReadResult ReadArchiveRecord(TKSplImpl& reader, const ArchiveRecord& archive, Function function,
-                             const SYSTEMTIME& date, bool tells, std::span<std::uint8_t> record) {
-  const AttemptPlan plan{.name = "PoitkaArh",
-                         .confirmation = ForArchives(reader.policy),
-                         .validity = true,
-                         .final = tells ? ExchangeError::kReply3 : ExchangeError::kNone};
-  const ReadResult result = Attempt(reader.driver, reader.policy, plan, record, [&] {
-    return RequestRecord(reader, archive, function, date, record);
-  });
-  if (!tells) return result;
+void TellResult(TKSplImpl& reader, const ReadResult& result, Confirmation confirmation,
+                const SYSTEMTIME& date) {
   if (result.done) {
     // The date is padded after a double reading only: intended.
-    TellDate(reader, date, plan.confirmation == Confirmation::kEqualReply, "Data read found");
+    TellDate(reader, date, confirmation == Confirmation::kEqualReply, "Data read found");
   } else if (result.error == ExchangeError::kReply3) {
     TellDate(reader, date, true, "Data not found");
   }
+}
+
+}  // namespace
+
+ReadResult ReadArchiveRecord(TKSplImpl& reader, const ArchiveRecord& archive, Function function,
+                             const SYSTEMTIME& date, std::span<std::uint8_t> record,
+                             std::span<std::uint8_t> first) {
+  const AttemptPlan plan{.name = "PoitkaArh",
+                         .confirmation = ForArchives(reader.policy),
+                         .validity = true,
+                         .final = archive.tells ? ExchangeError::kReply3 : ExchangeError::kNone,
+                         .record = record,
+                         .first = first};
+  const ReadResult result = Attempt(reader.driver, reader.policy, plan, [&] {
+    return RequestRecord(reader, archive, function, date, record);
+  });
+  if (archive.tells) TellResult(reader, result, plan.confirmation, date);
   return result;
 }
 
-void ConvertByColumns(Columns columns, std::span<const std::uint8_t> reply,
-                      std::span<std::uint8_t> record) {
-  ConvertColumnsBut({}, columns, reply, record);
-}
-
-void ConvertColumnsBut(std::string_view leftOut, Columns columns,
-                       std::span<const std::uint8_t> reply, std::span<std::uint8_t> record) {
+void ConvertColumns(Columns columns, std::span<const std::uint8_t> reply,
+                    std::span<std::uint8_t> record, std::size_t leftOut) {
   constexpr std::size_t kSituationBytes = 3;
   std::size_t from = 4;
   std::size_t to = 0;
   for (const Column& column : columns) {
-    const std::string_view name = column.name;
-    if (name == "SP") record[to] = reply[0];
-    if (name == "NS") std::copy_n(&reply[1], kSituationBytes, &record[to]);
-    if (column.type == Type::kFloat && name != leftOut) {
+    if (column.type == Type::kByte) record[to] = reply[0];
+    if (column.type == Type::kInt32) std::copy_n(&reply[1], kSituationBytes, &record[to]);
+    if (column.type == Type::kFloat && to != leftOut) {
       CopyFloat(reply, from, record, to);
       from += 4;
     }
     to += column.width;
   }
+}
+
+void ConvertEveryColumn(Columns columns, std::span<const std::uint8_t> reply,
+                        std::span<std::uint8_t> record) {
+  ConvertColumns(columns, reply, record, kNoneLeftOut);
 }
 
 void CopyFloat(std::span<const std::uint8_t> reply, std::size_t from,
@@ -85,14 +91,19 @@ void CopyFloat(std::span<const std::uint8_t> reply, std::size_t from,
   ConvertFloat(value);
 }
 
-void StoreDifference(std::span<std::uint8_t> record, std::size_t to, std::size_t minuend,
-                     std::size_t subtrahend) {
+void CopyFloats(std::size_t count, std::span<const std::uint8_t> reply, std::size_t from,
+                std::span<std::uint8_t> record, std::size_t to) {
+  for (std::size_t i = 0; i < count; ++i) CopyFloat(reply, from + i * 4, record, to + i * 4);
+}
+
+void StoreDifference(std::span<std::uint8_t> record, const Field& to, const Field& minuend,
+                     const Field& subtrahend) {
   float left = 0;
   float right = 0;
-  std::memcpy(&left, &record[minuend], sizeof left);
-  std::memcpy(&right, &record[subtrahend], sizeof right);
+  std::memcpy(&left, &record[minuend.offset], sizeof left);
+  std::memcpy(&right, &record[subtrahend.offset], sizeof right);
   const float difference = left - right;
-  std::memcpy(&record[to], &difference, sizeof difference);
+  std::memcpy(&record[to.offset], &difference, sizeof difference);
 }
 
 }  // namespace older

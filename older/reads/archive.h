@@ -1,31 +1,53 @@
 // Archive records by date.
 #pragma once
 
-#include <string_view>
+#include <cstdint>
+#include <limits>
+#include <span>
 
-#include "older/models/model.h"
+#include "older/reads/fields.h"
+#include "older/session/attempts.h"
+#include "older/session/reader_state.h"
 
 namespace older {
 
-// Reads the record of a date, with attempts, double reading and validity test. record is
-// RecordSize(archive.columns) long. tells: "Data read found" and "Data not found" are sent, and the
-// instrument's answer that there is no such record ends the attempts.
-ReadResult ReadArchiveRecord(TKSplImpl& reader, const ArchiveRecord& archive, Function function,
-                             const SYSTEMTIME& date, bool tells, std::span<std::uint8_t> record);
+// Fills a record from the reply's data; the first column, DT, is already there, the rest is zero.
+using ConvertArchive = void (*)(Columns columns, std::span<const std::uint8_t> reply,
+                                std::span<std::uint8_t> record);
 
-// Fills a record by its columns: NS from the 24 bits at reply[1], a mode code SP from reply[0], and
-// the columns of floats in their order from reply[4] on.
-void ConvertByColumns(Columns columns, std::span<const std::uint8_t> reply,
-                      std::span<std::uint8_t> record);
-// The same without the column of floats of this name, which the reply does not have.
-void ConvertColumnsBut(std::string_view leftOut, Columns columns,
-                       std::span<const std::uint8_t> reply, std::span<std::uint8_t> record);
+struct ArchiveRecord {
+  Columns columns;
+  std::uint8_t replySize;  // data bytes
+  ConvertArchive convert;
+  // "Data read found" and "Data not found" are sent, and the instrument's answer that there is no
+  // such record ends the attempts.
+  bool tells;
+};
+
+// Reads the record of a date, with attempts, double reading and validity test. record and first,
+// the room for the first of two readings, are RecordSize(archive.columns) long.
+ReadResult ReadArchiveRecord(TKSplImpl& reader, const ArchiveRecord& archive, Function function,
+                             const SYSTEMTIME& date, std::span<std::uint8_t> record,
+                             std::span<std::uint8_t> first);
+
+// Fills a record by the types of its columns: the one byte, the mode code, from reply[0]; the one
+// integer, the situation code, from the 24 bits at reply[1]; the floats in their order from
+// reply[4] on. A float at leftOut in the record is not in the reply.
+inline constexpr std::size_t kNoneLeftOut = std::numeric_limits<std::size_t>::max();
+void ConvertColumns(Columns columns, std::span<const std::uint8_t> reply,
+                    std::span<std::uint8_t> record, std::size_t leftOut);
+// The same for records whose floats are all in the reply.
+void ConvertEveryColumn(Columns columns, std::span<const std::uint8_t> reply,
+                        std::span<std::uint8_t> record);
 
 // The instrument float at reply[from], converted, at record[to].
 void CopyFloat(std::span<const std::uint8_t> reply, std::size_t from,
                std::span<std::uint8_t> record, std::size_t to);
-// record[to] = the single at record[minuend] less that at record[subtrahend].
-void StoreDifference(std::span<std::uint8_t> record, std::size_t to, std::size_t minuend,
-                     std::size_t subtrahend);
+// As many of them, one behind the other.
+void CopyFloats(std::size_t count, std::span<const std::uint8_t> reply, std::size_t from,
+                std::span<std::uint8_t> record, std::size_t to);
+// One single less another.
+void StoreDifference(std::span<std::uint8_t> record, const Field& to, const Field& minuend,
+                     const Field& subtrahend);
 
 }  // namespace older

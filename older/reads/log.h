@@ -1,36 +1,31 @@
-// Change and situation logs: 100 entries in flash from the oldest on; an entry that starts with
-// 0x00 or 0xFF ends them.
+// Logs: 100 entries in flash from the oldest on; an entry that starts with 0x00 or 0xFF ends them.
 #pragma once
 
-#include "older/models/model.h"
+#include <cstdint>
+#include <span>
+
+#include "older/reads/flash.h"
 
 namespace older {
 
-inline constexpr std::size_t kLogEntries = 100;
-inline constexpr std::size_t kLargestLogEntry = 32;   // bytes in flash
-inline constexpr std::size_t kLargestLogRecord = 22;  // bytes in the output
-
 struct Log {
-  Columns columns;
+  Columns columns;        // of the records in the output; the first one is the date
+  const char* name;       // in its title
   const char* attempts;   // second text of the reports of failed attempts
   std::size_t entrySize;  // bytes in flash
   // Fills what follows the date in a record.
   void (*convert)(std::span<const std::uint8_t> entry, std::span<std::uint8_t> rest);
 };
 
-extern const Log kChangeLog;
-extern const Log kSituationLog;
-
-// The entries of a log as records of RecordSize(log.columns), one behind the other.
-struct LogRecords {
-  std::size_t count = 0;
-  std::array<std::uint8_t, kLogEntries * kLargestLogRecord> bytes{};
-};
-
-// Entries of log.entrySize bytes each, as they stand in flash.
-LogRecords DecodeLog(const Log& log, std::span<const std::uint8_t> entries);
+inline constexpr std::size_t kLogDateText = 17;  // "04.09.16/13:05:09", at the start of an entry
 
 // Reads the log at a flash byte address, with attempts. One that cannot be read has no entries.
-LogRecords ReadLog(TKSplImpl& reader, const Log& log, std::uint16_t address);
+std::span<const std::uint8_t> ReadLog(TKSplImpl& reader, const Log& log, std::uint16_t address,
+                                      FlashBuffer& buffer);
+
+// Takes the next entry off entries and makes it a record of RecordSize(log.columns); false when
+// there is none.
+bool NextRecord(const Log& log, std::span<const std::uint8_t>& entries,
+                std::span<std::uint8_t> record);
 
 }  // namespace older

@@ -6,7 +6,7 @@ ReadResult ReadMemoryBlock(TKSplImpl& reader, const Block& block, int system,
                            std::span<std::uint8_t> record) {
   const AttemptPlan plan{.name = block.attempts, .confirmation = ForOthers(reader.policy)};
   const std::uint16_t address = block.place[system - 1];
-  const ReadResult result = Attempt(reader.driver, reader.policy, plan, record,
+  const ReadResult result = Attempt(reader.driver, reader.policy, plan,
                                     [&] { return reader.link.ReadMemory(address, record); });
   if (result.done) ConvertFloats(block.columns, record);
   return result;

@@ -1,7 +1,7 @@
 // Current values and totals: memory that holds a record as its columns describe it.
 #pragma once
 
-#include "older/models/model.h"
+#include "older/reads/block.h"
 
 namespace older {
 

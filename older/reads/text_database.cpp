@@ -21,23 +21,23 @@ void DecodeItems(TKSplImpl& reader, Columns columns, std::span<const std::uint8_
   }
 }
 
-using ReadFlashItems = ExchangeError (*)(TKSplImpl& reader, std::uint16_t place,
-                                         std::span<std::uint8_t> items);
-
 ReadResult ReadDatabase(TKSplImpl& reader, const Block& block, int system,
-                        std::span<std::uint8_t> record, ReadFlashItems read) {
-  std::array<std::uint8_t, kLargestItems> buffer{};
-  const auto items = std::span(buffer).first(ItemsSize(block.columns));
+                        std::span<std::uint8_t> record, ReadFlash readFlash) {
+  FlashBuffer buffer;
+  FlashRead items;
   const AttemptPlan plan{.name = block.attempts, .confirmation = ForOthers(reader.policy)};
   const ReadResult result = Attempt(
-      reader.driver, reader.policy, plan, items,
-      [&] { return read(reader, block.place[system - 1], items); },
+      reader.driver, reader.policy, plan,
+      [&] {
+        items = readFlash(reader, block.place[system - 1], ItemsSize(block.columns), buffer);
+        return items.error;
+      },
       [&] {
         // Whether it could be opened shows in the attempt that follows.
         if (block.reopensSession) ReopenSession(reader);
       });
   // After the attempts, so that an item that does not parse is told once.
-  if (result.done) DecodeItems(reader, block.columns, items, record);
+  if (result.done) DecodeItems(reader, block.columns, items.data, record);
   return result;
 }
 

@@ -2,7 +2,7 @@
 // told to the host as "Rasmernost" and are zero.
 #pragma once
 
-#include "older/models/model.h"
+#include "older/reads/block.h"
 
 namespace older {
 

@@ -87,7 +87,7 @@ bool DecodeItem(const Column& column, std::span<const std::uint8_t> item,
   if (IsBlank(text.data())) return true;
   if (column.type == Type::kFloat) return DecodeFloat(text.data(), value);
   if (column.type != Type::kDateTime) return DecodeInteger(text.data(), value);
-  return DecodeDate(DateFormOf(column.name), text.data(), value);
+  return DecodeDate(DateForm{column.form}, text.data(), value);
 }
 
 common::ShortText ItemText(std::span<const std::uint8_t> item) {

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <span>
-#include <string_view>
 
 #include "common/format.h"
 #include "older/tables.h"
@@ -25,33 +24,21 @@ constexpr std::size_t ItemsSize(Columns columns) {
   return size;
 }
 
-// How a date column is written: its numbers, each but the last followed by any one character.
-enum class DateForm {
+// How a date column is written, its form: numbers, each but the last followed by any one character.
+enum class DateForm : std::uint8_t {
   kNone,
   kTimeOfDay,  // hour, minute, second
   kDate,       // day, month, year of two digits
   kDayOfYear,  // day, month
 };
 
-// The names mean the same in every model.
-constexpr DateForm DateFormOf(std::string_view column) {
-  if (column == "TO" || column == "TMN" || column == "TMK") return DateForm::kTimeOfDay;
-  if (column == "DO") return DateForm::kDate;
-  for (const std::string_view day : {"DL", "DS", "DSommer", "DWinter"}) {
-    if (column == day) return DateForm::kDayOfYear;
-  }
-  return DateForm::kNone;
-}
-
-inline constexpr std::size_t kLargestItems = 55 * kItemSize;  // of any database
-
 // Whether every column of a database can be written as a text item.
 constexpr bool ConsistsOfItems(Columns columns) {
   for (const Column& column : columns) {
     if (column.type == Type::kDouble) return false;
-    if (column.type == Type::kDateTime && DateFormOf(column.name) == DateForm::kNone) return false;
+    if ((column.type == Type::kDateTime) != (column.form != 0)) return false;
   }
-  return ItemsSize(columns) <= kLargestItems;
+  return true;
 }
 
 // item is ItemSize(column) long, value as wide as the column. A number counts by its leading part

@@ -25,15 +25,15 @@ Confirmation ForOthers(const Policy& policy) {
   return policy.doubleReading <= 1 ? Confirmation::kNone : Confirmation::kNever;
 }
 
-bool AttemptLoop::Take(ExchangeError error, std::span<const std::uint8_t> record) {
+bool AttemptLoop::Take(ExchangeError error) {
   error_ = error;
   if (error == ExchangeError::kNone) {
     switch (plan_.confirmation) {
       case Confirmation::kNone:
         return TakeConfirmed();
       case Confirmation::kEqualReply:
-        if (haveFirst_) return TakeSecond(record);
-        TakeFirst(record);
+        if (haveFirst_) return TakeSecond();
+        TakeFirst();
         return false;
       case Confirmation::kNever:
         // No attempt is counted, so only the host's stop ends an instrument that answers well.
@@ -49,15 +49,16 @@ bool AttemptLoop::Take(ExchangeError error, std::span<const std::uint8_t> record
   return Spend(common::Format("%d Error: %d", Number(), static_cast<int>(error)));
 }
 
-void AttemptLoop::TakeFirst(std::span<const std::uint8_t> record) {
-  std::copy_n(record.begin(), std::min(record.size(), first_.size()), first_.begin());
+void AttemptLoop::TakeFirst() {
+  std::copy(plan_.record.begin(), plan_.record.end(), plan_.first.begin());
   haveFirst_ = true;
 }
 
-bool AttemptLoop::TakeSecond(std::span<const std::uint8_t> record) {
+bool AttemptLoop::TakeSecond() {
   haveFirst_ = false;
-  const auto compared = record.first(std::min(record.size(), first_.size()));
-  if (std::equal(compared.begin(), compared.end(), first_.begin())) return TakeConfirmed();
+  if (std::equal(plan_.record.begin(), plan_.record.end(), plan_.first.begin())) {
+    return TakeConfirmed();
+  }
   return Spend(common::Format("%d Error Cmp: %d", Number(), 0));
 }
 

@@ -2,7 +2,6 @@
 // compares, until a reply is accepted or the attempts are spent.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <span>
 
@@ -32,6 +31,9 @@ struct AttemptPlan {
   bool validity = false;                       // whether replies undergo the validity test
   ExchangeError final = ExchangeError::kNone;  // no further attempt would mend this one
   Report report = Report::kAttemptAndError;
+  // What is compared when a reply has to be equal to the one before, and as much room to keep that.
+  std::span<const std::uint8_t> record = {};
+  std::span<std::uint8_t> first = {};
 };
 
 struct ReadResult {
@@ -40,9 +42,6 @@ struct ReadResult {
   ExchangeError error = ExchangeError::kNone;
 };
 
-// The largest record that is read twice and compared.
-inline constexpr std::size_t kLargestCompared = 96;
-
 // The state of one loop. Use Attempt, not this.
 class AttemptLoop {
  public:
@@ -50,13 +49,13 @@ class AttemptLoop {
       : driver_(driver), policy_(policy), plan_(plan) {}
 
   bool More() const { return !ended_ && attempt_ <= policy_.attempts; }
-  // Takes what the exchange gave. Answers whether an attempt was spent on it.
-  bool Take(ExchangeError error, std::span<const std::uint8_t> record);
+  // Takes what the exchange gave. Returns whether an attempt was spent on it.
+  bool Take(ExchangeError error);
   ReadResult Result() const { return {accepted_, error_}; }
 
  private:
-  void TakeFirst(std::span<const std::uint8_t> record);
-  bool TakeSecond(std::span<const std::uint8_t> record);
+  void TakeFirst();
+  bool TakeSecond();
   bool TakeConfirmed();
   bool Spend(const char* text);
   void Pause();
@@ -70,25 +69,23 @@ class AttemptLoop {
   bool accepted_ = false;
   bool haveFirst_ = false;
   ExchangeError error_ = ExchangeError::kNone;
-  std::array<std::uint8_t, kLargestCompared> first_{};
 };
 
-// Runs the plan. ask() performs one exchange, fills record and answers an ExchangeError;
+// Runs the plan. ask() performs one exchange, fills the record and returns an ExchangeError;
 // beforeNext() runs after a failed attempt and its pause when another attempt is still to come.
 template <typename Ask, typename BeforeNext>
-ReadResult Attempt(TavDrvV1& driver, const Policy& policy, const AttemptPlan& plan,
-                   std::span<const std::uint8_t> record, Ask ask, BeforeNext beforeNext) {
+ReadResult Attempt(TavDrvV1& driver, const Policy& policy, const AttemptPlan& plan, Ask ask,
+                   BeforeNext beforeNext) {
   AttemptLoop loop(driver, policy, plan);
   while (loop.More()) {
-    if (loop.Take(ask(), record) && loop.More()) beforeNext();
+    if (loop.Take(ask()) && loop.More()) beforeNext();
   }
   return loop.Result();
 }
 
 template <typename Ask>
-ReadResult Attempt(TavDrvV1& driver, const Policy& policy, const AttemptPlan& plan,
-                   std::span<const std::uint8_t> record, Ask ask) {
-  return Attempt(driver, policy, plan, record, ask, [] {});
+ReadResult Attempt(TavDrvV1& driver, const Policy& policy, const AttemptPlan& plan, Ask ask) {
+  return Attempt(driver, policy, plan, ask, [] {});
 }
 
 }  // namespace older

@@ -1,4 +1,3 @@
-#include "TKSplDrv/conversions.h"
 #include "common/format.h"
 #include "older/session/session.h"
 
@@ -6,8 +5,6 @@ namespace older {
 namespace {
 
 constexpr std::size_t kClockSize = 6;
-constexpr std::uint16_t kClockAddress521 = 100;
-constexpr std::uint16_t kClockAddress = 243;  // of every other model
 
 }  // namespace
 
@@ -27,14 +24,14 @@ TAVDT DecodeClock(std::span<const std::uint8_t, 6> bytes) {
 }
 
 ReadResult ReadClock(TKSplImpl& reader) {
-  if (reader.type == TypeCode::kUnknown521) {
+  if (reader.instrument == nullptr) {
     reader.Say("pribor type not found", "DT");
     return {};
   }
   std::array<std::uint8_t, kClockSize> bytes{};
-  const std::uint16_t address = reader.type == TypeCode::k521 ? kClockAddress521 : kClockAddress;
+  const std::uint16_t address = reader.instrument->clock;
   const AttemptPlan plan{.name = "PopitkaTime", .confirmation = ForOthers(reader.policy)};
-  const ReadResult result = Attempt(reader.driver, reader.policy, plan, bytes,
+  const ReadResult result = Attempt(reader.driver, reader.policy, plan,
                                     [&] { return reader.link.ReadMemory(address, bytes); });
   if (result.done) reader.InstrumentClock = DecodeClock(bytes);
   return result;
@@ -45,8 +42,7 @@ bool ReopenSession(TKSplImpl& reader) {
   SendIdentity(reader);
   const ReadResult result = ReadClock(reader);
   if (!result.done) {
-    char text[16];
-    reader.Say(UcToSChar(text, static_cast<unsigned long>(result.error)), "Dt");
+    reader.SayNumber(static_cast<unsigned long>(result.error), "Dt");
     return false;
   }
   const TAVDT& clock = reader.InstrumentClock;

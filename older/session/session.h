@@ -1,13 +1,13 @@
 // Finding out which instrument answers, and its clock.
 #pragma once
 
-#include "older/reader_state.h"
 #include "older/session/attempts.h"
+#include "older/session/reader_state.h"
 
 namespace older {
 
-// One wake-up and one '?' exchange. On success the type code, the model's texts and, of a 521, the
-// version index are set; a 521 of unknown firmware counts as success here.
+// One wake-up and one '?' exchange. On success the instrument, its version index and its texts are
+// set; one of unknown firmware counts as success here.
 bool Identify(TKSplImpl& reader, std::uint8_t session);
 
 // The same with the host's attempts; twice when double reading is on. The instrument then answers

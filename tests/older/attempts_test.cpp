@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "common/cp1251.h"
+#include "older/models/catalogue.h"
 #include "older/session/session.h"
 #include "tests/support/older_line.h"
 #include "tests/support/reading.h"
@@ -54,12 +55,16 @@ TEST_CASE("attempts, double reading and validity") {
     reading.Parameter(3, c.validity);
     reading.Parameter(4, 70);
     const older::Policy policy(reading.driver);
-    const older::AttemptPlan plan{
-        .name = "Name", .confirmation = older::ForArchives(policy), .validity = true};
     std::array<std::uint8_t, 1> record{};
+    std::array<std::uint8_t, 1> first{};
+    const older::AttemptPlan plan{.name = "Name",
+                                  .confirmation = older::ForArchives(policy),
+                                  .validity = true,
+                                  .record = record,
+                                  .first = first};
     const char* next = c.exchanges;
     const older::ReadResult result =
-        older::Attempt(reading.driver, policy, plan, record, [&]() -> ExchangeError {
+        older::Attempt(reading.driver, policy, plan, [&]() -> ExchangeError {
           REQUIRE(*next != '\0');
           record[0] = static_cast<std::uint8_t>(*next++);
           return record[0] >= 'a' ? ExchangeError::kNone
@@ -83,7 +88,7 @@ TEST_CASE("a final error spends no further attempt, and a pause of 0 is none") {
   const older::Policy policy(reading.driver);
   const older::AttemptPlan plan{.name = "Name", .final = ExchangeError::kReply3};
   int asked = 0;
-  const auto result = older::Attempt(reading.driver, policy, plan, {}, [&] {
+  const auto result = older::Attempt(reading.driver, policy, plan, [&] {
     return ++asked == 1 ? ExchangeError::kNoData : ExchangeError::kReply3;
   });
   CHECK(asked == 2);
@@ -101,7 +106,7 @@ TEST_CASE("a read that is never accepted ends with its attempts or with the host
     const older::Policy policy(reading.driver);
     const older::AttemptPlan plan{.name = "Name", .confirmation = older::ForOthers(policy)};
     int asked = 0;
-    const auto result = older::Attempt(reading.driver, policy, plan, {}, [&] {
+    const auto result = older::Attempt(reading.driver, policy, plan, [&] {
       if (++asked < 20) return ExchangeError::kNone;
       if (stops) reading.driver.Stop();
       return stops ? ExchangeError::kNone : ExchangeError::kNoData;
@@ -117,7 +122,7 @@ TEST_CASE("identification replies") {
     const char* name;
     Bytes reply;
     const char* failure;  // null: identified
-    older::TypeCode type = older::TypeCode::kUnknown521;
+    const older::Model* type = nullptr;
     const char* model = "";
     const char* version = "";
   };
@@ -127,19 +132,16 @@ TEST_CASE("identification replies") {
     return reply;
   };
   const Case cases[] = {
-      {"521", Identification('T', 0x29, 3), nullptr, older::TypeCode::k521, "УРМ521"_w, "vX.2.10"},
-      {"521, any checksum", changed(6, 0x77), nullptr, older::TypeCode::k521, "УРМ521"_w,
-       "vX.2.10"},
-      {"521 of version 15", Identification('T', 0x29, 15), nullptr, older::TypeCode::k521,
-       "УРМ521"_w, "wX.2.14"},
-      {"521 of version 9", Identification('T', 0x29, 9), nullptr, older::TypeCode::kUnknown521,
-       "УРМ521"_w, "X.X.?"},
-      {"521 of version 16", Identification('T', 0x29, 16), nullptr, older::TypeCode::kUnknown521,
-       "УРМ521"_w, "X.X.?"},
-      {"522", Identification('T', 0x2A, 200), nullptr, older::TypeCode::k522, "УРМ522"_w, "V200"},
-      {"523", Identification('T', 0x2B, 7), nullptr, older::TypeCode::k523, "УРМ523"_w, "V7"},
-      {"521.1x", Identification(0x92, 0x29, 1), nullptr, older::TypeCode::k521x, "УРМ521"_w, "V1"},
-      {"721", Identification('G', 0x29, 0), nullptr, older::TypeCode::k721, "ДКГ721"_w, "V0"},
+      {"521", Identification('T', 0x29, 3), nullptr, &older::kModel521, "УРМ521"_w, "vX.2.10"},
+      {"521, any checksum", changed(6, 0x77), nullptr, &older::kModel521, "УРМ521"_w, "vX.2.10"},
+      {"521 of version 15", Identification('T', 0x29, 15), nullptr, &older::kModel521, "УРМ521"_w,
+       "wX.2.14"},
+      {"521 of version 9", Identification('T', 0x29, 9), nullptr, nullptr, "УРМ521"_w, "X.X.?"},
+      {"521 of version 16", Identification('T', 0x29, 16), nullptr, nullptr, "УРМ521"_w, "X.X.?"},
+      {"522", Identification('T', 0x2A, 200), nullptr, &older::kModel522, "УРМ522"_w, "V200"},
+      {"523", Identification('T', 0x2B, 7), nullptr, &older::kModel523, "УРМ523"_w, "V7"},
+      {"521.1x", Identification(0x92, 0x29, 1), nullptr, &older::kModel521x, "УРМ521"_w, "V1"},
+      {"721", Identification('G', 0x29, 0), nullptr, &older::kModel721, "ДКГ721"_w, "V0"},
       {"another family", Identification('X', 0x29, 0), "Read %h"},
       {"another model of its family", Identification(0x92, 0x2A, 0), "Read %h"},
       {"start byte", changed(0, 0x11), "0"},
@@ -152,7 +154,7 @@ TEST_CASE("identification replies") {
   for (const Case& c : cases) {
     CAPTURE(c.name);
     support::Reading reading;
-    older::TKSplImpl state(reading.driver);
+    older::TKSplImpl state(reading.driver, older::kIdentities);
     reading.port.answer = [&](const Bytes& written) {
       return written.size() == 9 ? c.reply : Bytes{};
     };
@@ -162,7 +164,7 @@ TEST_CASE("identification replies") {
             std::vector<std::string>{std::string(c.failure) + " / Error Version"});
       continue;
     }
-    CHECK(state.type == c.type);
+    CHECK(older::FindModel(state.instrument) == c.type);
     CHECK(std::string(reading.driver.typeText) == c.model);
     CHECK(std::string(reading.driver.versionText) == c.version);
   }
@@ -183,7 +185,7 @@ TEST_CASE("identification with attempts, read twice for any double reading") {
     support::Reading reading;
     reading.Parameter(1, 3);
     reading.Parameter(2, c.doubleReading);
-    older::TKSplImpl state(reading.driver);
+    older::TKSplImpl state(reading.driver, older::kIdentities);
     const char* next = c.replies;
     reading.port.answer = [&](const Bytes& written) {
       if (written.size() != 9) return Bytes{};

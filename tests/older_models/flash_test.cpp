@@ -32,9 +32,11 @@ TEST_CASE("flash by byte address: pages asked for and bytes taken") {
   for (const auto& c : cases) {
     support::Reading reading;
     reading.port.answer = [&](const Bytes&) { return pages; };
-    older::TKSplImpl reader(reading.driver);
-    Bytes data(c.size);
-    CHECK(older::ReadFlashBytes(reader, c.address, data) == older::ExchangeError::kNone);
+    older::TKSplImpl reader(reading.driver, {});
+    older::FlashBuffer buffer;
+    const auto [error, data] = older::ReadFlashBytes(reader, c.address, c.size, buffer);
+    CHECK(error == older::ExchangeError::kNone);
+    REQUIRE(data.size() == c.size);
     CHECK(support::ToHex(reading.port.writes.at(0)).substr(9, 11) == c.parameters);
     CHECK(data.front() == c.first);
     CHECK(data.back() == c.last);
@@ -43,9 +45,9 @@ TEST_CASE("flash by byte address: pages asked for and bytes taken") {
 
 TEST_CASE("more flash than the instrument has is refused") {
   support::Reading reading;
-  older::TKSplImpl reader(reading.driver);
-  Bytes data(10240);
-  CHECK(older::ReadFlashBytes(reader, 8, data) == older::ExchangeError::kNoBuffer);
+  older::TKSplImpl reader(reading.driver, {});
+  older::FlashBuffer buffer;
+  CHECK(older::ReadFlashBytes(reader, 8, 10240, buffer).error == older::ExchangeError::kNoBuffer);
   CHECK(reading.stream.messages == std::vector<std::string>{"error len buffer_r / error"});
   CHECK(reading.port.writes.empty());
 }

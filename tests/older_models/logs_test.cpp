@@ -1,7 +1,8 @@
+#include "older/models/logs.h"
+
 #include <doctest/doctest.h>
 
 #include "common/cp1251.h"
-#include "older/reads/log.h"
 #include "simulator/moment.h"
 #include "tests/older_models/simulated.h"
 
@@ -102,18 +103,22 @@ TEST_CASE("a page of a log that fails with error 14 ends the log there") {
 
 TEST_CASE("log entries become records up to the first zero or erased one") {
   const Bytes change = Entry("04.09.16/13:05:09\x8F\xE0 t=5 ", 32);
-  const auto records = older::DecodeLog(older::kChangeLog, change);
-  REQUIRE(records.count == 1);
-  CHECK(support::ToHex({records.bytes.begin(), records.bytes.begin() + 22}) ==
+  std::span<const std::uint8_t> entries = change;
+  Bytes record(22);
+  REQUIRE(older::NextRecord(older::kChangeLog, entries, record));
+  CHECK(support::ToHex(record) ==
         "E0 07 09 04 0D 05 09 CF F0 20 74 3D 35 20 FE FE FE FE FE FE FE FE");
+  CHECK_FALSE(older::NextRecord(older::kChangeLog, entries, record));
 
   const Bytes entry = Entry("31-12-95 23:59:58\x07\x01", 24);
   const Bytes junk = Entry("no date at all...", 24);
+  record.resize(9);
   for (const int end : {0x00, 0xFF}) {
     const Bytes log = entry + junk + entry + Bytes(24, static_cast<std::uint8_t>(end)) + entry;
-    const auto situations = older::DecodeLog(older::kSituationLog, log);
-    CHECK(situations.count == 3);
-    CHECK(support::ToHex({situations.bytes.begin(), situations.bytes.begin() + 9}) ==
-          "CB 07 0C 1F 17 3B 3A 07 01");
+    entries = log;
+    int count = 0;
+    while (older::NextRecord(older::kSituationLog, entries, record)) ++count;
+    CHECK(count == 3);
+    CHECK(support::ToHex(record) == "CB 07 0C 1F 17 3B 3A 07 01");
   }
 }

@@ -6,7 +6,7 @@
 #include "tests/support/hex.h"
 
 using namespace common::literals;
-using older::DateFormOf;
+using older::DateForm;
 using support::Bytes;
 using support::Hex;
 using support::ToHex;
@@ -29,6 +29,7 @@ TEST_CASE("text items become their columns' bytes") {
     std::string text;
     const char* value;
     bool parses = true;
+    DateForm form = DateForm::kNone;
   };
   const Case cases[] = {
       {"f", tav::Type::kFloat, "12.5", "00 00 48 41"},
@@ -41,17 +42,19 @@ TEST_CASE("text items become their columns' bytes") {
       {"B", tav::Type::kByte, "-1", "FF"},
       {"S", tav::Type::kInt16, "65537", "01 00"},
       {"L", tav::Type::kInt32, "70000", "70 11 01 00"},
-      {"TO", tav::Type::kDateTime, "09:30:05", "01 00 01 01 09 1E 05"},
-      {"TMK", tav::Type::kDateTime, "23:59", "00 00 00 00 00 00 00", false},
-      {"DO", tav::Type::kDateTime, "31.12.94", "2E 08 0C 1F 00 00 00"},
-      {"DO", tav::Type::kDateTime, "01.02.95", "CB 07 02 01 00 00 00"},
-      {"DL", tav::Type::kDateTime, "27.03", "01 00 03 1B 00 00 00"},
-      {"DSommer", tav::Type::kDateTime, "1/4/16", "01 00 04 01 00 00 00"},
+      {"TO", tav::Type::kDateTime, "09:30:05", "01 00 01 01 09 1E 05", true, DateForm::kTimeOfDay},
+      {"TMK", tav::Type::kDateTime, "23:59", "00 00 00 00 00 00 00", false, DateForm::kTimeOfDay},
+      {"DO", tav::Type::kDateTime, "31.12.94", "2E 08 0C 1F 00 00 00", true, DateForm::kDate},
+      {"DO", tav::Type::kDateTime, "01.02.95", "CB 07 02 01 00 00 00", true, DateForm::kDate},
+      {"DL", tav::Type::kDateTime, "27.03", "01 00 03 1B 00 00 00", true, DateForm::kDayOfYear},
+      {"DSommer", tav::Type::kDateTime, "1/4/16", "01 00 04 01 00 00 00", true,
+       DateForm::kDayOfYear},
   };
   for (const Case& c : cases) {
     CAPTURE(c.column);
     CAPTURE(c.text);
-    const tav::Column column = {c.column, c.type, tav::Unit::Chosen(0)};
+    tav::Column column = {c.column, c.type, tav::Unit::Chosen(0)};
+    column.form = static_cast<std::uint8_t>(c.form);
     Bytes value(column.width, 0xAA);
     CHECK(older::DecodeItem(column, Item(c.text, 8), value) == c.parses);
     CHECK(ToHex(value) == c.value);

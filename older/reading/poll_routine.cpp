@@ -1,6 +1,8 @@
 // The poll routine of the older protocol: which instrument is there, and its reading.
 #include <new>
 
+#include "driver/reader.h"
+#include "older/models/catalogue.h"
 #include "older/reading/reading.h"
 #include "older/session/session.h"
 #include "platform/platform.h"
@@ -24,22 +26,32 @@ Ending ReadContinuously(TKSplImpl& reader, const Model& model) {
   return Ending::kUnreported;
 }
 
-}  // namespace
-
-Ending TKSplImpl::Run() {
-  if (!IdentifyWithAttempts(*this, 0)) {
-    Say("Error Init", "Start Opros");
+Ending Poll(TKSplImpl& reader) {
+  if (!IdentifyWithAttempts(reader, 0)) {
+    reader.Say("Error Init", "Start Opros");
     return Ending::kFailed;
   }
-  SendIdentity(*this);
-  progress = {};
-  const Model* model = FindModel(type);
-  if (model == nullptr || !ReadInstrument(*this, *model) || out.Refused()) return Ending::kFailed;
-  return policy.continuous ? ReadContinuously(*this, *model) : Ending::kSucceeded;
+  SendIdentity(reader);
+  reader.progress = {};
+  const Model* model = FindModel(reader.instrument);
+  if (model == nullptr || !ReadInstrument(reader, *model) || reader.out.Refused()) {
+    return Ending::kFailed;
+  }
+  return reader.policy.continuous ? ReadContinuously(reader, *model) : Ending::kSucceeded;
 }
 
+class OlderReader final : public Reader {
+ public:
+  explicit OlderReader(TavDrvV1& driver) : state_(driver, kIdentities) {}
+  Ending Run() override { return Poll(state_); }
+
+ private:
+  TKSplImpl state_;
+};
+
+}  // namespace
 }  // namespace older
 
 std::unique_ptr<Reader> MakeOlderReader(TavDrvV1& driver) {
-  return std::unique_ptr<Reader>(new (std::nothrow) older::TKSplImpl(driver));
+  return std::unique_ptr<Reader>(new (std::nothrow) older::OlderReader(driver));
 }
