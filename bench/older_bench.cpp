@@ -9,7 +9,7 @@
 #include "TKSplDrv/records.h"
 #include "bench/counting_host.h"
 #include "driver/tkspl_drv.h"
-#include "host/line/serial_port.h"
+#include "host/line/open_line.h"
 #include "older/link/link.h"
 #include "simulator/simulator.h"
 
@@ -67,9 +67,9 @@ void ReadingOverPseudoTerminal(benchmark::State& state) {
   std::chrono::nanoseconds own{0};
   std::uint64_t requests = 0;
   for ([[maybe_unused]] auto _ : state) {
-    host::SerialPort line(served->Address());
-    line.SetLine(1, 0, 2400, 8, 2, 0);
-    bench::TimedPort port(line);
+    const auto line = host::OpenLine("serial:" + served->Address());
+    line->SetLine(1, 0, 2400, 8, 2, 0);
+    bench::TimedPort port(*line);
     bench::CountingStream stream;
     TKSplDrv driver(static_cast<HostStream*>(&stream), static_cast<HostPort*>(&port));
     driver.SetupNumer('N', 1);

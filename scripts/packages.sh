@@ -4,7 +4,7 @@
 native_packages=(
   build-essential cmake ninja-build
   libasio-dev libcli11-dev libfmt-dev nlohmann-json3-dev
-  doctest-dev libbenchmark-dev pkg-config file
+  doctest-dev libbenchmark-dev libmodbus-dev pkg-config file
 )
 windows_packages=(g++-mingw-w64-i686-posix clang lld llvm)
 wine_packages=(wine wine32:i386)

@@ -9,7 +9,7 @@
 
 #include "host/cli/dates.h"
 #include "host/cli/exit_codes.h"
-#include "host/line/tcp_port.h"
+#include "host/line/open_line.h"
 
 namespace host {
 namespace {
@@ -206,7 +206,7 @@ void FinishRead(ReadOptions& read, const Texts& texts) {
   } else if (!texts.clock.empty() || !texts.faults.empty()) {
     throw UsageError("--clock and --fault go with --simulate");
   }
-  if (!read.tcp.empty()) ParseTcpAddress(read.tcp);
+  if (!read.tcp.empty()) CheckLineAddress("tcp:" + read.tcp);
   const bool k7 = texts.kind.empty() ? texts.simulate.starts_with("k7") : texts.kind == "k7";
   read.settings.kind = k7 ? Kind::kK7 : Kind::kOlder;
   if (k7 && read.settings.follow) throw UsageError("--follow goes with the older kind");

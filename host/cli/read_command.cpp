@@ -6,8 +6,7 @@
 
 #include "host/cli/commands.h"
 #include "host/cli/exit_codes.h"
-#include "host/line/serial_port.h"
-#include "host/line/tcp_port.h"
+#include "host/line/open_line.h"
 #include "host/output/csv_folder.h"
 #include "host/output/follow_printer.h"
 #include "host/output/show.h"
@@ -29,6 +28,9 @@ class NoLine final : public LinePort {
   bool SetBuffers(int, int) override { return false; }
   int Read(unsigned, unsigned, void*) override { return 0; }
   int Write(const void*, unsigned) override { return 0; }
+  bool Lost() const override { return true; }
+  std::string Trouble() const override { return {}; }
+  std::string_view Dropped() const override { return {}; }
 };
 
 // Where the sections of a reading go.
@@ -58,34 +60,17 @@ class Sinks {
   std::vector<SectionListener*> listeners_;
 };
 
-// The line, and the instrument behind it when that is a simulated one.
-struct OpenLine {
-  std::unique_ptr<simulator::Served> instrument;
-  std::unique_ptr<LinePort> port;
-};
+std::string LineAddress(const ReadOptions& options) {
+  if (options.simulate) return "simulate:" + options.simulated.model;
+  return options.tcp.empty() ? "serial:" + options.port : "tcp:" + options.tcp;
+}
 
-OpenLine Open(const ReadOptions& options, Progress& progress) {
-  OpenLine line;
-  if (!options.simulate) {
-    if (options.tcp.empty()) {
-      line.port = std::make_unique<SerialPort>(options.port);
-    } else {
-      line.port = std::make_unique<TcpPort>(ParseTcpAddress(options.tcp));
-    }
-    return line;
-  }
+std::unique_ptr<LinePort> Open(const ReadOptions& options, Progress& progress) {
   simulator::Settings settings = options.simulated;
   settings.report = [&progress](const std::string& text) {
     progress.Print("simulated instrument: " + text);
   };
-#if defined(_WIN32)
-  line.instrument = simulator::ServeTcp(settings, 0);
-  line.port = std::make_unique<TcpPort>(ParseTcpAddress(line.instrument->Address()));
-#else
-  line.instrument = simulator::ServePty(settings, "");
-  line.port = std::make_unique<SerialPort>(line.instrument->Address());
-#endif
-  return line;
+  return OpenLine(LineAddress(options), settings);
 }
 
 const char* EndingName(Ending ending) {
@@ -143,14 +128,14 @@ int Read(const ReadOptions& options) {
   const DriverLibrary library(options.driver);
   // Wrong usage is told before a line is opened or a file begun.
   CheckSettings(library, options.settings, progress);
-  const OpenLine line = Open(options, progress);
+  const auto line = Open(options, progress);
   Sinks sinks(options, progress);
   Broadcast broadcast(sinks.Listeners());
   Receiver receiver(broadcast, sinks.Raw(), progress, options.verbose);
   CountInterrupts();
-  DriverPointer driver = library.Create(receiver, *line.port);
+  DriverPointer driver = library.Create(receiver, *line);
   const ReadingEnd end =
-      RunReading(*driver, options.settings, *line.port, receiver, progress, Interrupted);
+      RunReading(*driver, options.settings, *line, receiver, progress, Interrupted);
   driver.reset();  // its thread is gone from here on
   const std::size_t ignored = receiver.Finish();
   progress.Clear();

@@ -1,5 +1,3 @@
-#include <winsock2.h>
-// The socket header comes first, else the older one is drawn in.
 #include <windows.h>
 
 #include <array>
@@ -8,15 +6,11 @@
 
 namespace host {
 
-// A COM port is never shared.
-bool Claim(HANDLE) { return true; }
-void Release(HANDLE) {}
-
-bool IsBusy(const asio::error_code& error) {
+bool IsBusy(const std::error_code& error) {
   return error.value() == ERROR_ACCESS_DENIED || error.value() == ERROR_SHARING_VIOLATION;
 }
 
-bool IsNoSerialLine(const asio::error_code& error) {
+bool IsNoSerialLine(const std::error_code& error) {
   return error.value() == ERROR_INVALID_PARAMETER || error.value() == ERROR_INVALID_FUNCTION ||
          error.value() == ERROR_INVALID_HANDLE;
 }

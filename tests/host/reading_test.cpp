@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-#include "host/line/tcp_port.h"
+#include "host/line/open_line.h"
 #include "host/reading/driver_library.h"
 #include "simulator/simulator.h"
 #include "tests/host/stream_writer.h"
@@ -51,7 +51,8 @@ simulator::Settings Model521() {
 class Bench {
  public:
   explicit Bench(const simulator::Settings& instrument = Model521())
-      : served(simulator::ServeTcp(instrument, 0)), port(host::ParseTcpAddress(served->Address())) {
+      : served(simulator::ServeTcp(instrument, 0)),
+        port(host::OpenLine("tcp:" + served->Address())) {
     settings.from = Moment(2, 0);
     settings.to = Moment(4, 1);
     settings.attempts = 1;
@@ -61,16 +62,16 @@ class Bench {
       host::SectionListener& listener, bool (*interrupted)() = [] { return false; }) {
     host::Progress progress;
     host::Receiver receiver(listener, nullptr, progress, false);
-    host::DriverPointer driver = library_.Create(receiver, port);
+    host::DriverPointer driver = library_.Create(receiver, *port);
     const host::ReadingEnd end =
-        host::RunReading(*driver, settings, port, receiver, progress, interrupted);
+        host::RunReading(*driver, settings, *port, receiver, progress, interrupted);
     driver.reset();
     CHECK(receiver.Finish() == 0);
     return end;
   }
 
   std::unique_ptr<simulator::Served> served;
-  host::TcpPort port;
+  std::unique_ptr<host::LinePort> port;
   host::ReadSettings settings;
 
  private:
@@ -133,7 +134,7 @@ TEST_CASE("settings that the driver does not offer are wrong usage") {
   Told told;
   host::Receiver receiver(told, nullptr, progress, false);
   const host::DriverLibrary library("");
-  const host::DriverPointer driver = library.Create(receiver, bench.port);
+  const host::DriverPointer driver = library.Create(receiver, *bench.port);
   CHECK_NOTHROW(host::CheckSettings(*driver, bench.settings));
   for (const auto& spoil : {+[](host::ReadSettings& settings) { settings.baud = 9600; },
                             +[](host::ReadSettings& settings) { settings.groups = "TX"; },
