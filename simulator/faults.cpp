@@ -5,9 +5,6 @@
 #include <stdexcept>
 #include <utility>
 
-#include "simulator/k7/instrument.h"
-#include "simulator/older/instrument.h"
-
 namespace simulator {
 namespace {
 
@@ -51,6 +48,9 @@ constexpr FaultKind kLineFaults[] = {
     {{"cut-reply", "the reply breaks off"}, CutReply},
     {{"flipped-bit", "one bit of the reply is wrong"}, FlippedBit},
     {{"noise", "up to eight random bytes come before the reply"}, Noise},
+    {{"frozen", "after N replies the next requests are not answered: 240, or as frozen:N:REQUESTS"},
+     NoReply,
+     FaultKind::kAfterN},
 };
 
 const FaultKind* Find(std::span<const FaultKind> kinds, const std::string& name) {
@@ -60,12 +60,17 @@ const FaultKind* Find(std::span<const FaultKind> kinds, const std::string& name)
   return nullptr;
 }
 
+void CheckCount(const Fault& fault, int count) {
+  if (count >= 1) return;
+  throw std::invalid_argument("The fault " + fault.kind + " takes a count from 1 on.");
+}
+
 class FaultyInstrument : public Instrument {
  public:
-  FaultyInstrument(std::unique_ptr<Instrument> instrument, const std::vector<Fault>& faults,
-                   std::uint32_t seed)
-      : instrument_(std::move(instrument)), seed_(seed) {
-    for (const Fault& fault : faults) Add(fault);
+  FaultyInstrument(std::unique_ptr<Instrument> instrument, std::span<const FaultKind> own,
+                   const Settings& settings)
+      : instrument_(std::move(instrument)), seed_(settings.seed) {
+    for (const Fault& fault : settings.faults) Add(fault, own);
   }
 
   std::vector<Exchange> Receive(std::span<const std::uint8_t> bytes) override {
@@ -77,29 +82,33 @@ class FaultyInstrument : public Instrument {
   }
 
   void Idle() override { instrument_->Idle(); }
-  std::span<const FaultKind> OwnFaults() const override { return instrument_->OwnFaults(); }
 
  private:
   struct Planned {
     const FaultKind* kind;
-    std::uint64_t every;
+    std::uint64_t every, length;
+
+    bool Strikes(std::uint64_t count) const {
+      if (kind->when == FaultKind::kAfterN) return count > every && count <= every + length;
+      return count % every == 0;
+    }
   };
 
-  void Add(const Fault& fault) {
+  void Add(const Fault& fault, std::span<const FaultKind> own) {
     const FaultKind* kind = Find(kLineFaults, fault.kind);
-    if (!kind) kind = Find(instrument_->OwnFaults(), fault.kind);
+    if (!kind) kind = Find(own, fault.kind);
     if (!kind) throw std::invalid_argument("This instrument has no fault \"" + fault.kind + "\".");
-    if (fault.every < 1) {
-      throw std::invalid_argument("The fault " + fault.kind + " takes a count from 1 on.");
-    }
-    planned_.push_back({kind, static_cast<std::uint64_t>(fault.every)});
+    CheckCount(fault, fault.every);
+    CheckCount(fault, fault.length);
+    planned_.push_back(
+        {kind, static_cast<std::uint64_t>(fault.every), static_cast<std::uint64_t>(fault.length)});
   }
 
   void Disturb(Exchange& exchange) {
     ++count_;
     Random random(Mix(seed_, count_));
     for (const Planned& fault : planned_) {
-      if (count_ % fault.every == 0 && Length(exchange) > 0) fault.kind->apply(exchange, random);
+      if (fault.Strikes(count_) && Length(exchange) > 0) fault.kind->apply(exchange, random);
     }
   }
 
@@ -109,25 +118,14 @@ class FaultyInstrument : public Instrument {
   std::vector<Planned> planned_;
 };
 
-std::vector<Choice> AllFaults() {
-  std::vector<Choice> choices;
-  for (const FaultKind& kind : kLineFaults) choices.push_back(kind.choice);
-  for (const FaultKind& kind : older::FaultKinds()) choices.push_back(kind.choice);
-  for (const FaultKind& kind : k7::FaultKinds()) choices.push_back(kind.choice);
-  return choices;
-}
-
 }  // namespace
 
-std::unique_ptr<Instrument> WithFaults(std::unique_ptr<Instrument> instrument,
-                                       const std::vector<Fault>& faults, std::uint32_t seed) {
-  if (faults.empty()) return instrument;
-  return std::make_unique<FaultyInstrument>(std::move(instrument), faults, seed);
-}
+std::span<const FaultKind> LineFaults() { return kLineFaults; }
 
-std::span<const Choice> Faults() {
-  static const std::vector<Choice> choices = AllFaults();
-  return choices;
+std::unique_ptr<Instrument> WithFaults(std::unique_ptr<Instrument> instrument,
+                                       std::span<const FaultKind> own, const Settings& settings) {
+  if (settings.faults.empty()) return instrument;
+  return std::make_unique<FaultyInstrument>(std::move(instrument), own, settings);
 }
 
 }  // namespace simulator

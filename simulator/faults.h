@@ -2,14 +2,19 @@
 #pragma once
 
 #include <memory>
+#include <span>
 
 #include "simulator/instrument.h"
 
 namespace simulator {
 
-// The instrument with faults in its replies: each strikes on every Nth exchange that gets a reply.
-// Throws std::invalid_argument for a kind that the instrument doesn't know.
+// The faults that every instrument has: its line's.
+std::span<const FaultKind> LineFaults();
+
+// The instrument with the faults that the settings ask for, of the line's or of its own ones.
+// Exchanges that get a reply are counted, from 1 on. Throws std::invalid_argument for a fault that
+// is not among them or whose numbers make no sense.
 std::unique_ptr<Instrument> WithFaults(std::unique_ptr<Instrument> instrument,
-                                       const std::vector<Fault>& faults, std::uint32_t seed);
+                                       std::span<const FaultKind> own, const Settings& settings);
 
 }  // namespace simulator

@@ -32,8 +32,14 @@ struct Exchange {
 
 // One kind of fault: changes the reply of an exchange, which isn't empty.
 struct FaultKind {
+  // Which exchanges it strikes.
+  enum When {
+    kEveryNth,
+    kAfterN,  // the next ones after N, as many as the fault is long
+  };
   Choice choice;
   void (*apply)(Exchange& exchange, Random& random);
+  When when = kEveryNth;
 };
 
 class Instrument {
@@ -43,14 +49,19 @@ class Instrument {
   virtual std::vector<Exchange> Receive(std::span<const std::uint8_t> bytes) = 0;
   // The line was silent for longer than a request takes: what came of a request is dropped.
   virtual void Idle() = 0;
-  // Faults that only instruments of this protocol have.
-  virtual std::span<const FaultKind> OwnFaults() const = 0;
 };
 
-// An instrument with the faults that the settings ask for. Throws std::invalid_argument when a
-// setting is out of range. now is asked at each request, whatever settings.clock says.
-std::unique_ptr<Instrument> MakeInstrument(const Settings& settings, Clock now);
-// The clock that the settings ask for.
-Clock ClockOf(const Settings& settings);
+struct ModelInfo {
+  Choice choice;
+  std::span<const Choice> units{};  // codes of Special::unitsCode and what they mean
+};
+
+// What speaks one protocol.
+struct Protocol {
+  std::vector<ModelInfo> (*models)();
+  std::span<const FaultKind> (*faults)();  // that only its instruments have
+  // Throws std::invalid_argument when a setting is out of range. now is asked at each request.
+  std::unique_ptr<Instrument> (*make)(const Settings& settings, Clock now);
+};
 
 }  // namespace simulator

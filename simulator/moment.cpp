@@ -35,6 +35,11 @@ ClockTime ToClockTime(Moment moment) {
           static_cast<int>(time.seconds().count())};
 }
 
+Moment LastSeptember(Moment now) {
+  const ClockTime time = ToClockTime(now);
+  return ToMoment({time.month >= 9 ? time.year : time.year - 1, 9, 1, 0, 0, 0});
+}
+
 ClockTime LocalTime() {
   const std::time_t now = std::time(nullptr);
   std::tm local{};

@@ -13,6 +13,8 @@ using Moment = std::chrono::sys_seconds;
 bool IsDate(const ClockTime& time);
 Moment ToMoment(const ClockTime& time);  // of a date
 ClockTime ToClockTime(Moment moment);
+// The 1st of September before, or of now: the totals of heat and gas count from there.
+Moment LastSeptember(Moment now);
 // The computer's local time.
 ClockTime LocalTime();
 

@@ -15,8 +15,9 @@ namespace simulator {
 
 // What goes wrong with a reply, on every Nth exchange (N counts from 1: every = 1 is each reply).
 struct Fault {
-  std::string kind;  // one of Faults()
-  int every = 1;
+  std::string kind;  // one of FaultsOf(model)
+  int every = 1;     // of "frozen": how many replies come before it
+  int length = 240;  // of "frozen": requests without a reply; a host waits half a second for each
 };
 
 // Local date and time of the instrument's clock.
@@ -28,11 +29,11 @@ struct ClockTime {
 struct Special {
   std::optional<int> version;   // firmware version byte, 0 to 255; none: the model's own
   std::optional<int> modeCode;  // mode code SP, 0 to 255; none: 0
-  int unitsCode = 0;            // EI of the models that have one: 0 to 2, others are unknown ones
+  int unitsCode = 0;            // see UnitsOf(model); others, up to 255, are unknown ones
   int idleSystem = 0;           // heat system with mode code 'c' (99): not worth reading
   int silentSystem = 0;  // heat system that can't be opened: its identification gets no reply
   int logEntries = 40;   // entries in each log, 0 to 100; 100 leaves no end mark
-  std::string brokenParameter;     // database column whose text is no number and no date
+  std::string brokenParameter;  // database column whose text is no number and no date
   // Texts of database columns other than the model's own, by name: {"EI", "3"}, K7 {"F001", "2"}.
   std::map<std::string, std::string> parameters;
   std::optional<int> failingPage;  // flash page that an error reply without its end answers
@@ -55,7 +56,10 @@ struct Choice {
   const char* description;
 };
 std::span<const Choice> Models();
-std::span<const Choice> Faults();
+std::span<const Choice> Faults();  // of all models
+// What fits a model. Both throw std::invalid_argument for a model that there isn't.
+std::vector<Choice> FaultsOf(const std::string& model);
+std::span<const Choice> UnitsOf(const std::string& model);
 
 // A simulated instrument that answers on a thread of its own until it is destroyed.
 class Served {

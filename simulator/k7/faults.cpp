@@ -1,9 +1,8 @@
-// Replies of the newer protocol that go wrong, or that only look as if they did.
+#include "simulator/k7/faults.h"
+
 #include <algorithm>
-#include <span>
 
 #include "simulator/k7/frame.h"
-#include "simulator/k7/instrument.h"
 #include "simulator/k7/items.h"
 
 namespace simulator::k7 {
@@ -34,13 +33,21 @@ void PutBefore(Exchange& exchange, const Bytes& bytes) {
   reply.insert(reply.begin(), bytes.begin(), bytes.end());
 }
 
-// The end of the item that starts at an index.
+// The end of the item that starts at an index, or of the data if the item claims to go on behind
+// them: another fault may have been here before.
 std::size_t EndOfItem(const Bytes& data, std::size_t at) {
-  const std::uint8_t first = data[at + 1];
-  if (first < 0x80) return at + 2 + first;
-  std::size_t length = 0;
-  for (std::size_t i = 0; i < first - 0x80u; ++i) length = length * 256 + data[at + 2 + i];
-  return at + 2 + (first - 0x80u) + length;
+  const auto byte = [&](std::size_t index) -> std::size_t {
+    return index < data.size() ? data[index] : 0;
+  };
+  std::size_t length = byte(at + 1);
+  std::size_t start = at + 2;
+  if (length >= 0x80) {
+    const std::size_t sizes = length - 0x80;
+    length = 0;
+    for (std::size_t i = 0; i < sizes; ++i) length = (length * 256 + byte(start + i)) & 0xFFFF;
+    start += sizes;
+  }
+  return std::min(start + length, data.size());
 }
 
 void WrongSequence(Exchange& exchange, Random&) {
@@ -94,6 +101,7 @@ void StampAlone(Exchange& exchange, Random&) {
 void PastEnd(Exchange& exchange, Random&) {
   RebuildRecords(exchange, [](Bytes& data) {
     const std::size_t record = EndOfItem(data, 0);
+    if (record + 4 > data.size()) return;
     const std::size_t room = data.size() - record;
     data[record + 1] = 0x82;
     data[record + 2] = static_cast<std::uint8_t>(room >> 8);
@@ -126,6 +134,6 @@ constexpr FaultKind kFaults[] = {
 
 }  // namespace
 
-std::span<const FaultKind> FaultKinds() { return kFaults; }
+std::span<const FaultKind> Faults() { return kFaults; }
 
 }  // namespace simulator::k7

@@ -75,11 +75,18 @@ std::optional<Frame> Parse(const Bytes& bytes) {
   return Frame{false, bytes[1], 0, bytes[2], Bytes(bytes.begin() + 3, bytes.end() - 2)};
 }
 
-// A short frame tells its length by its end alone.
+// A short frame tells its length by its end alone: by a stop byte behind the sum of all before it.
 bool RequestCollector::IsComplete() const {
-  if (bytes_.size() < 5) return false;
-  if (bytes_[2] != kLong) return IsShort(bytes_);
-  return bytes_.size() >= 7 && bytes_.size() >= LongSize(bytes_);
+  const std::size_t size = bytes_.size();
+  if (size < 5) return false;
+  if (bytes_[2] == kLong) return size >= 7 && size >= LongSize(bytes_);
+  const std::uint8_t sum = bytes_[size - 2];
+  return bytes_.back() == kStop && Byte(~(sum_ - kStop - sum)) == sum;
+}
+
+void RequestCollector::Drop() {
+  bytes_.clear();
+  sum_ = 0;
 }
 
 std::optional<Bytes> RequestCollector::Take(std::uint8_t byte) {
@@ -87,9 +94,12 @@ std::optional<Bytes> RequestCollector::Take(std::uint8_t byte) {
     if (byte == kWakeUp) ++wakeUpBytes_;
     return std::nullopt;
   }
+  if (!bytes_.empty()) sum_ += byte;
   bytes_.push_back(byte);
   if (!IsComplete()) return std::nullopt;
-  return std::exchange(bytes_, {});
+  const Bytes frame = bytes_;
+  Drop();
+  return frame;
 }
 
 bool RequestCollector::WasWoken() { return std::exchange(wakeUpBytes_, 0) >= kWakeUpRun; }

@@ -29,7 +29,7 @@ class RequestCollector {
  public:
   // The frame, damaged or not, that ends with this byte.
   std::optional<Bytes> Take(std::uint8_t byte);
-  void Drop() { bytes_.clear(); }
+  void Drop();
   std::size_t Pending() const { return bytes_.size(); }
   // Whether a wake-up run came since the last time this was asked.
   bool WasWoken();
@@ -38,6 +38,7 @@ class RequestCollector {
   bool IsComplete() const;
 
   Bytes bytes_;
+  std::size_t sum_ = 0;  // of the bytes behind the start byte
   int wakeUpBytes_ = 0;
 };
 

@@ -1,15 +1,16 @@
-#include "simulator/k7/instrument.h"
-
 #include <fmt/core.h>
 
 #include <algorithm>
 #include <utility>
 
 #include "simulator/framed_instrument.h"
+#include "simulator/k7/faults.h"
 #include "simulator/k7/frame.h"
 #include "simulator/k7/items.h"
+#include "simulator/k7/protocol.h"
 #include "simulator/k7/requests.h"
 #include "simulator/k7/values.h"
+#include "simulator/model_list.h"
 
 namespace simulator::k7 {
 namespace {
@@ -50,8 +51,6 @@ class K7Instrument : public FramedInstrument<RequestCollector, Bytes> {
  public:
   K7Instrument(const Settings& settings, Clock now)
       : FramedInstrument(settings.report), values_(settings), now_(std::move(now)) {}
-
-  std::span<const FaultKind> OwnFaults() const override { return FaultKinds(); }
 
  private:
   Exchange Answer(const Bytes& bytes) override {
@@ -187,15 +186,12 @@ class K7Instrument : public FramedInstrument<RequestCollector, Bytes> {
     return Periodic(*request);
   }
 
-  // As many records from the first moment on as are asked for.
+  // The record of the first moment; hosts ask for one at a time.
   Bytes Periodic(const ArchiveRequest& request) const {
+    const Moment begin = Values::BeginOf(request.kind, request.from);
     Bytes reply;
-    Moment begin = Values::BeginOf(request.kind, request.from);
-    for (int count = 0; count < request.most && begin <= request.to; ++count) {
-      if (Values::Exists(request.kind, begin, ToMoment(now_()))) {
-        PutRecord(reply, ToClockTime(begin), Record(request, begin));
-      }
-      begin = Values::EndOf(request.kind, begin);
+    if (begin <= request.to && Values::Exists(request.kind, begin, ToMoment(now_()))) {
+      PutRecord(reply, ToClockTime(begin), Record(request, begin));
     }
     return reply;
   }
@@ -216,14 +212,12 @@ class K7Instrument : public FramedInstrument<RequestCollector, Bytes> {
 
   Bytes Log(const ArchiveRequest& request) const {
     Bytes reply;
-    int count = 0;
     for (const LogEntry& entry : values_.Log(request.kind, request.channel, ToMoment(now_()))) {
       const Moment time = ToMoment(entry.time);
-      if (time < request.from || time > request.to || count == request.most) continue;
+      if (time < request.from || time > request.to) continue;
       Bytes text;
       PutText(text, entry.text);
       PutRecord(reply, entry.time, text);
-      ++count;
     }
     return reply;
   }
@@ -236,8 +230,12 @@ class K7Instrument : public FramedInstrument<RequestCollector, Bytes> {
 
 }  // namespace
 
-std::unique_ptr<Instrument> MakeK7Instrument(const Settings& settings, Clock now) {
-  return std::make_unique<K7Instrument>(settings, std::move(now));
-}
+constinit const Protocol kProtocol = {
+    .models = [] { return InfosOf(AllModels()); },
+    .faults = Faults,
+    .make = [](const Settings& settings, Clock now) -> std::unique_ptr<Instrument> {
+      return std::make_unique<K7Instrument>(settings, std::move(now));
+    },
+};
 
 }  // namespace simulator::k7

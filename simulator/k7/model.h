@@ -6,7 +6,7 @@
 #include <span>
 #include <string>
 
-#include "simulator/simulator.h"
+#include "simulator/instrument.h"
 
 namespace simulator::k7 {
 
@@ -37,8 +37,11 @@ struct ParameterRange {
   int channel, first, last;
 };
 
+// The heat carries the name of a pressure unit as well.
+inline constexpr Choice kUnits[] = {{"0", "кгс/см2"}, {"1", "МПа"}, {"2", "бар"}};
+
 struct Model {
-  Choice choice;
+  ModelInfo info;
   std::uint16_t code;  // in the reply to an identification
   int version;
   // Channels of the values and archives. A single system has channel 0.
@@ -53,8 +56,10 @@ struct Model {
   Fields periodic, control;  // values of an archive record
 };
 
+extern const Model kModel521, kModel523;
+
 std::span<const Model* const> AllModels();
-// Null when there is no such model.
-const Model* FindModel(const std::string& name);
+// Throws std::invalid_argument when there is no such model.
+const Model& FindModel(const std::string& name);
 
 }  // namespace simulator::k7

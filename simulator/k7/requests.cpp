@@ -65,7 +65,7 @@ std::optional<ArchiveRequest> ParseArchiveRequest(const Bytes& data) {
   const auto from = HourOf(bytes.subspan(9, 8), *kind == Archive::kMonthly);
   const auto to = HourOf(bytes.subspan(19, 8), false);
   if (!from || !to || data[13] > 59 || data[14] > 59) return std::nullopt;
-  return ArchiveRequest{data[4], *kind, data[6], *from,
+  return ArchiveRequest{data[4], *kind, *from,
                         *to + std::chrono::hours{1} - std::chrono::seconds{1}};
 }
 

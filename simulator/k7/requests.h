@@ -19,7 +19,6 @@ std::optional<std::vector<Reference>> ParseReferences(const Bytes& data);
 struct ArchiveRequest {
   int channel;
   Archive kind;
-  int most;  // records in the reply
   Moment from, to;
 };
 // Hosts send the last moment's minute and second in the place of the first one's, and zeros in

@@ -7,7 +7,7 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "simulator/older/plant.h"
+#include "simulator/plant.h"
 #include "simulator/random.h"
 #include "simulator/settings.h"
 
@@ -39,25 +39,13 @@ constexpr const char* kChanges[] = {"F009=5.0", "F003=16:05:09", "F000=0", "RESE
 constexpr const char* kEvents[] = {"POWER OFF", "POWER ON", "t1>max", "G1<min", "dt<min"};
 constexpr std::int64_t kHoursPerEntry = 29;
 
-const Model& ModelOf(const Settings& settings) {
-  const Model* model = FindModel(settings.model);
-  if (!model)
-    throw std::invalid_argument("There is no simulated model \"" + settings.model + "\".");
-  return *model;
-}
-
-Moment LastSeptember(Moment now) {
-  const ClockTime time = ToClockTime(now);
-  return ToMoment({time.month >= 9 ? time.year : time.year - 1, 9, 1, 0, 0, 0});
-}
-
 // What an integer and a float hold exactly.
 double Rounded(double value) { return std::round(value * 4096) / 4096; }
 
-void PutMeasured(Row& row, const older::Measured& measured) {
+void PutMeasured(Row& row, const Measured& measured) {
   for (const char* name : {"t1", "t2", "t3", "dt_1_2", "thv", "tvoz", "P1", "P2", "V1", "V2", "V3",
                            "M1", "M2", "M3", "Q", "Qgvs", "Tw"}) {
-    row[name] = Rounded(measured.values[*older::FindQuantity(name)]);
+    row[name] = Rounded(measured.values[*FindQuantity(name)]);
   }
   row["t4"] = row["t3"] - 2.5;
   row["P3"] = row["P1"] - 0.75;
@@ -90,7 +78,7 @@ void PutTimes(Row& row, std::uint32_t situation, double all) {
 
 }  // namespace
 
-Values::Values(const Settings& settings) : settings_(settings), model_(ModelOf(settings)) {
+Values::Values(const Settings& settings) : settings_(settings), model_(FindModel(settings.model)) {
   CheckSettings(settings_);
 }
 
@@ -107,8 +95,10 @@ std::uint64_t Values::SeedOf(int system) const {
 }
 
 Row Values::RowOf(int system, Moment begin, Moment end) const {
-  const older::Plant plant{older::Site::kHeat, SeedOf(system)};
-  const older::Measured measured = older::MeasuredPeriod(plant, begin, end);
+  return RowOf(system, begin, end, MeasuredPeriod(PlantOf(system), begin, end));
+}
+
+Row Values::RowOf(int system, Moment begin, Moment end, const Measured& measured) const {
   Row row;
   PutMeasured(row, measured);
   PutFlows(row);
@@ -132,7 +122,8 @@ Row Values::CurrentRow(int system, Moment now) const {
 }
 
 Row Values::TotalsRow(int system, Moment now) const {
-  return RowOf(system, LastSeptember(now), std::chrono::floor<hours>(now));
+  const Moment begin = LastSeptember(now), end = std::chrono::floor<hours>(now);
+  return RowOf(system, begin, end, totals_.Until(PlantOf(system), begin, end));
 }
 
 Moment Values::BeginOf(Archive kind, Moment moment) {

@@ -9,6 +9,7 @@
 
 #include "simulator/k7/model.h"
 #include "simulator/moment.h"
+#include "simulator/plant.h"
 
 namespace simulator::k7 {
 
@@ -52,10 +53,13 @@ class Values {
 
  private:
   std::uint64_t SeedOf(int system) const;
+  Plant PlantOf(int system) const { return {Site::kHeat, SeedOf(system)}; }
   Row RowOf(int system, Moment begin, Moment end) const;
+  Row RowOf(int system, Moment begin, Moment end, const Measured& measured) const;
 
   Settings settings_;
   const Model& model_;
+  mutable RunningPeriod totals_;  // of the system that was asked for last
 };
 
 }  // namespace simulator::k7

@@ -1,5 +1,3 @@
-#include "simulator/older/instrument.h"
-
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -7,9 +5,11 @@
 #include <utility>
 
 #include "simulator/framed_instrument.h"
+#include "simulator/model_list.h"
 #include "simulator/older/encoding.h"
 #include "simulator/older/frame.h"
 #include "simulator/older/model.h"
+#include "simulator/older/protocol.h"
 #include "simulator/older/values.h"
 
 namespace simulator::older {
@@ -70,8 +70,6 @@ class OlderInstrument : public FramedInstrument<RequestCollector, RequestFrame> 
         memory_(model_.memory(model_, values_)),
         number_(static_cast<std::uint8_t>(settings.number)),
         now_(std::move(now)) {}
-
-  std::span<const FaultKind> OwnFaults() const override { return FaultKinds(); }
 
  private:
   Exchange Answer(const RequestFrame& frame) override {
@@ -203,10 +201,12 @@ constexpr FaultKind kFaults[] = {
 
 }  // namespace
 
-std::unique_ptr<Instrument> MakeOlderInstrument(const Settings& settings, Clock now) {
-  return std::make_unique<OlderInstrument>(settings, std::move(now));
-}
-
-std::span<const FaultKind> FaultKinds() { return kFaults; }
+constinit const Protocol kProtocol = {
+    .models = [] { return InfosOf(AllModels()); },
+    .faults = []() -> std::span<const FaultKind> { return kFaults; },
+    .make = [](const Settings& settings, Clock now) -> std::unique_ptr<Instrument> {
+      return std::make_unique<OlderInstrument>(settings, std::move(now));
+    },
+};
 
 }  // namespace simulator::older

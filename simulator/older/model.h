@@ -8,10 +8,11 @@
 
 #include "simulator/instrument.h"
 #include "simulator/moment.h"
-#include "simulator/older/plant.h"
+#include "simulator/plant.h"
 
 namespace simulator::older {
 
+class Row;
 class Values;
 struct Model;
 
@@ -49,10 +50,17 @@ struct Block {
 // Columns of a record: SP one byte, NS four bytes, the others floats.
 using Columns = std::span<const char* const>;
 
+// By the setting EI.
+inline constexpr Choice kUnitCodes[] = {
+    {"0", "кг/см2, ГКал"}, {"1", "МПа, ГДж"}, {"2", "бар, МВт"}};
+
 struct Model {
-  Choice choice;
+  ModelInfo info;
   std::uint8_t family = 0, code = 0;  // of the identification
   std::uint8_t version = 0;           // firmware version byte unless the settings say otherwise
+  // Of a model whose firmware decides about its units; null for one that has a setting for them.
+  int (*unitsOfVersion)(int version) = nullptr;
+  std::uint8_t versionOfUnits1 = 0;
   unsigned clockAddress = 0;
   int systems = 1;
   Site site = Site::kHeat;
@@ -64,13 +72,15 @@ struct Model {
   Columns archive{};           // the floats of an archive record
   bool modeInArchive = false;  // the record starts with the mode code
   bool logs = false;
-  bool lacksM3 = false;  // an archive record without the third mass
+  // What a host puts where a record holds nothing; null: it holds everything.
+  void (*completeArchive)(Archive kind, Row& row) = nullptr;
+  void (*completeCurrent)(int version, Row& row) = nullptr;
 };
 
 extern const Model kModel521, kModel522, kModel523, kModel521x, kModel721;
 
 std::span<const Model* const> AllModels();
-// Throws std::invalid_argument with the names that there are.
+// Throws std::invalid_argument when there is no such model.
 const Model& FindModel(const std::string& name);
 
 }  // namespace simulator::older

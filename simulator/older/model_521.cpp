@@ -133,26 +133,51 @@ class Memory521 : public Memory {
   const Values& values_;
 };
 
+// True when the scheme leaves the column out of the hourly record.
+bool LeftOut(int mode, std::size_t quantity) {
+  if (static_cast<std::size_t>(mode) >= std::size(kShown)) return true;
+  return kShown[mode][quantity - kV1] == '-';
+}
+
+void CompleteArchive(Archive kind, Row& row) {
+  if (kind != Archive::kHourly) return;
+  if (row.Mode() <= 2) row.TakeDifferenceAsM3();
+  for (std::size_t i = kV1; i <= kM3; ++i) {
+    if (LeftOut(row.Mode(), i)) row.Set(static_cast<Quantity>(i), 0);
+  }
+}
+
+void CompleteCurrent(int version, Row& row) {
+  if (version >= kFirstVersionWithFlows) return;
+  row.Set(kG1, -1);
+  row.Set(kG2, -1);
+}
+
+// Versions from 10 on are the ones whose heat is in GJ and whose pressures are in MPa.
+int UnitsOfVersion(int version) { return version >= 10 && version <= 15 ? 1 : 0; }
+
+constexpr Choice kFirmwares[] = {{"0", "кг/см2, ГКал: firmware vX.2.11"},
+                                 {"1", "МПа, ГДж: firmware wX.2.11"}};
+
 std::unique_ptr<Memory> MakeMemory521(const Model&, const Values& values) {
   return std::make_unique<Memory521>(values);
 }
 
 }  // namespace
 
-bool LeftOut521(int mode, Quantity quantity) {
-  if (static_cast<std::size_t>(mode) >= std::size(kShown)) return true;
-  return kShown[mode][quantity - kV1] == '-';
-}
-
 const Model kModel521 = {
-    .choice = {"521", "heat meter, one heat system"},
+    .info = {{"521", "heat meter, one heat system"}, kFirmwares},
     .family = 'T',
     .code = 0x29,
     .version = 4,
+    .unitsOfVersion = UnitsOfVersion,
+    .versionOfUnits1 = 12,
     .clockAddress = 100,
     .noRecordCode = 2,
     .memory = MakeMemory521,
     .blocks = kBlocks,
+    .completeArchive = CompleteArchive,
+    .completeCurrent = CompleteCurrent,
 };
 
 }  // namespace simulator::older

@@ -25,7 +25,8 @@ constexpr const char* kArchive[] = {"t1", "t2", "V1", "V2", "V3", "M1", "M2", "M
 }  // namespace
 
 const Model kModel521x = {
-    .choice = {"521.1x", "heat meter of the later 521 generation, one heat system, logs"},
+    .info = {{"521.1x", "heat meter of the later 521 generation, one heat system, logs"},
+             kUnitCodes},
     .family = 0x92,
     .code = 0x29,
     .version = 12,

@@ -30,7 +30,7 @@ constexpr const char* kArchive[] = {"P1", "P2", "t1", "t2", "V1", "V2",
 }  // namespace
 
 const Model kModel522 = {
-    .choice = {"522", "heat meter, two heat systems"},
+    .info = {{"522", "heat meter, two heat systems"}, kUnitCodes},
     .family = 'T',
     .code = 0x2A,
     .version = 3,

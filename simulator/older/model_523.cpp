@@ -1,5 +1,6 @@
 // Model 523: two heat systems with databases of their own, logs.
 #include "simulator/older/text_memory.h"
+#include "simulator/older/values.h"
 
 namespace simulator::older {
 namespace {
@@ -33,7 +34,7 @@ constexpr const char* kArchive[] = {"P1", "P2", "t1", "t2", "t3", "thv", "tvoz",
 }  // namespace
 
 const Model kModel523 = {
-    .choice = {"523", "heat meter, two heat systems, logs"},
+    .info = {{"523", "heat meter, two heat systems, logs"}, kUnitCodes},
     .family = 'T',
     .code = 0x2B,
     .version = 7,
@@ -46,7 +47,7 @@ const Model kModel523 = {
     .archive = kArchive,
     .modeInArchive = true,
     .logs = true,
-    .lacksM3 = true,
+    .completeArchive = [](Archive, Row& row) { row.TakeDifferenceAsM3(); },
 };
 
 }  // namespace simulator::older

@@ -49,6 +49,9 @@ constexpr Parameter kDatabase[] = {
     {"Rt3", "'C", 16},
 };
 
+// The texts of the database that name units of pressure, and the pressures with them.
+constexpr Choice kPressures[] = {{"0", "кгс/см2"}, {"1", "МПа"}, {"2", "бар"}};
+
 constexpr Block kBlocks[] = {{0, 0x0000, false, kDatabase}};
 
 constexpr const char* kCurrent[] = {"NS", "P1",  "dP1", "t1",  "Qp1", "Q1", "P2", "dP2",
@@ -60,7 +63,7 @@ constexpr const char* kArchive[] = {"TC", "P1",  "t1", "Vp1", "V1", "P2",
 }  // namespace
 
 const Model kModel721 = {
-    .choice = {"721", "gas-volume corrector, logs"},
+    .info = {{"721", "gas-volume corrector, logs"}, kPressures},
     .family = 'G',
     .code = 0x29,
     .version = 2,

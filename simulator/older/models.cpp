@@ -1,6 +1,4 @@
-#include <stdexcept>
-#include <string>
-
+#include "simulator/model_list.h"
 #include "simulator/older/model.h"
 
 namespace simulator::older {
@@ -12,14 +10,6 @@ constexpr const Model* kModels[] = {&kModel521, &kModel521x, &kModel522, &kModel
 
 std::span<const Model* const> AllModels() { return kModels; }
 
-const Model& FindModel(const std::string& name) {
-  std::string names;
-  for (const Model* model : kModels) {
-    if (name == model->choice.name) return *model;
-    names += std::string(names.empty() ? "" : ", ") + model->choice.name;
-  }
-  throw std::invalid_argument("There is no simulated model \"" + name + "\"; there are " + names +
-                              ".");
-}
+const Model& FindModel(const std::string& name) { return FindIn(AllModels(), name); }
 
 }  // namespace simulator::older

@@ -15,25 +15,25 @@ using std::chrono::hours;
 constexpr int kIdleMode = 'c';
 
 struct Units {
-  double pressure, heat;  // of one kgf/cm2, of one Gcal
+  double pressure, heat;     // of one kgf/cm2, of one Gcal
+  const char* pressureText;  // in the database of a model 721
 };
-constexpr Units kUnits[] = {{1, 1}, {0.0980665, 4.1868}, {0.980665, 1.163}};
+constexpr const char* kPressureText = "кгс/см2";
+constexpr Units kUnits[] = {
+    {1, 1, kPressureText}, {0.0980665, 4.1868, "МПа"}, {0.980665, 1.163, "бар"}};
+
+// A code that names no unit leaves the values as they are measured.
+const Units& UnitsOf(int code) {
+  return kUnits[static_cast<std::size_t>(code) < std::size(kUnits) ? code : 0];
+}
 
 bool IsPressure(std::size_t quantity) { return quantity >= kP1 && quantity <= kPb; }
 bool IsHeat(std::size_t quantity) { return quantity == kQ || quantity == kQgvs; }
-
-// Version indexes from 10 on are the ones whose heat is in GJ and whose pressures are in MPa.
-int UnitsOf521(int version) { return version >= 10 && version <= 15 ? 1 : 0; }
 
 Moment MonthBefore(Moment stamp) {
   ClockTime time = ToClockTime(stamp - days{1});
   time.day = 1;
   return ToMoment(time);
-}
-
-Moment LastSeptember(Moment now) {
-  const ClockTime time = ToClockTime(now);
-  return ToMoment({time.month >= 9 ? time.year : time.year - 1, 9, 1, 0, 0, 0});
 }
 
 Moment BeginOf(Archive kind, Moment stamp) {
@@ -74,12 +74,23 @@ double Row::Value(std::string_view column) const {
   return measured_.values[*quantity];
 }
 
+void Row::TakeDifferenceAsM3() {
+  Set(kM3, static_cast<float>(Get(kM1)) - static_cast<float>(Get(kM2)));
+}
+
 Values::Values(const Settings& settings) : settings_(settings), model_(FindModel(settings.model)) {
   CheckSettings(settings_);
 }
 
 std::uint8_t Values::Version() const {
-  return static_cast<std::uint8_t>(settings_.special.version.value_or(model_.version));
+  const bool units1 = model_.unitsOfVersion != nullptr && settings_.special.unitsCode == 1;
+  return static_cast<std::uint8_t>(
+      settings_.special.version.value_or(units1 ? model_.versionOfUnits1 : model_.version));
+}
+
+int Values::UnitsCode() const {
+  return model_.unitsOfVersion != nullptr ? model_.unitsOfVersion(Version())
+                                          : settings_.special.unitsCode;
 }
 
 bool Values::Exists(Moment stamp, Moment now) {
@@ -98,9 +109,7 @@ int Values::ModeOf(int system) const {
 
 Row Values::InUnits(const Measured& measured, int system) const {
   Row row(measured, ModeOf(system));
-  if (model_.site == Site::kGas) return row;
-  const int code = &model_ == &kModel521 ? UnitsOf521(Version()) : settings_.special.unitsCode;
-  const Units& units = kUnits[code <= 2 ? code : 0];
+  const Units& units = UnitsOf(UnitsCode());
   for (std::size_t i = 0; i < kQuantities; ++i) {
     const auto quantity = static_cast<Quantity>(i);
     if (IsPressure(i)) row.Set(quantity, row.Get(quantity) * units.pressure);
@@ -109,36 +118,31 @@ Row Values::InUnits(const Measured& measured, int system) const {
   return row;
 }
 
+std::string Values::InUnits(std::string text) const {
+  const std::size_t length = std::string_view(kPressureText).size();
+  if (text.starts_with(kPressureText)) text.replace(0, length, UnitsOf(UnitsCode()).pressureText);
+  return text;
+}
+
 Row Values::MeasuredRow(Archive kind, int system, Moment stamp) const {
   return InUnits(MeasuredPeriod(PlantOf(system), BeginOf(kind, stamp), stamp), system);
 }
 
 Row Values::ArchiveRow(Archive kind, int system, Moment stamp) const {
   Row row = MeasuredRow(kind, system, stamp);
-  const bool of521 = &model_ == &kModel521;
-  // Where the record has no third mass, a host takes the difference of the two that it has.
-  if (model_.lacksM3 || (of521 && kind == Archive::kHourly && row.Mode() <= 2)) {
-    row.Set(kM3, static_cast<float>(row.Get(kM1)) - static_cast<float>(row.Get(kM2)));
-  }
-  for (std::size_t i = kV1; i <= kM3 && of521 && kind == Archive::kHourly; ++i) {
-    const auto quantity = static_cast<Quantity>(i);
-    if (LeftOut521(row.Mode(), quantity)) row.Set(quantity, 0);
-  }
+  if (model_.completeArchive != nullptr) model_.completeArchive(kind, row);
   return row;
 }
 
 Row Values::CurrentRow(int system, Moment now) const {
   Row row = InUnits(MeasuredHour(PlantOf(system), now), system);
-  if (&model_ == &kModel521 && Version() < 2) {  // these have no flows; a host says -1
-    row.Set(kG1, -1);
-    row.Set(kG2, -1);
-  }
+  if (model_.completeCurrent != nullptr) model_.completeCurrent(Version(), row);
   return row;
 }
 
 Row Values::TotalsRow(int system, Moment now) const {
   const Moment hour = std::chrono::floor<hours>(now);
-  return InUnits(MeasuredPeriod(PlantOf(system), LastSeptember(now), hour), system);
+  return InUnits(totals_.Until(PlantOf(system), LastSeptember(now), hour), system);
 }
 
 std::string Values::ParameterText(int system, std::string_view column) const {
@@ -163,7 +167,7 @@ std::string Values::ParameterText(int system, const Parameter& parameter) const 
   if (column == "NT") return std::to_string(settings_.number);
   // Eight digits that a float holds exactly.
   if (column == "ID") return std::to_string(10000000 + Mix(settings_.seed) % 6000000);
-  return parameter.text;
+  return InUnits(parameter.text);
 }
 
 std::vector<LogEntry> Values::Log(int system, Moment now) const {

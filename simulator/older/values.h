@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "simulator/older/model.h"
-#include "simulator/older/plant.h"
+#include "simulator/plant.h"
 
 namespace simulator::older {
 
@@ -18,6 +18,8 @@ class Row {
   double Value(std::string_view column) const;
   void Set(Quantity quantity, double value) { measured_.values[quantity] = value; }
   double Get(Quantity quantity) const { return measured_.values[quantity]; }
+  // Where a record has no third mass, a host takes the difference of the two that it has.
+  void TakeDifferenceAsM3();
   std::uint32_t Situation() const { return measured_.situation; }
   int Mode() const { return mode_; }
 
@@ -66,13 +68,13 @@ class Values {
  private:
   Plant PlantOf(int system) const;
   int ModeOf(int system) const;
+  int UnitsCode() const;
   Row InUnits(const Measured& measured, int system) const;
+  std::string InUnits(std::string text) const;
 
   Settings settings_;
   const Model& model_;
+  mutable RunningPeriod totals_;  // of the system that was asked for last
 };
-
-// True when the mode code (scheme) of a model 521 leaves the column out of its hourly record.
-bool LeftOut521(int mode, Quantity quantity);
 
 }  // namespace simulator::older

@@ -76,6 +76,10 @@ simulator::Settings SettingsOf(const Listed& listed, const Variant& variant) {
   return settings;
 }
 
+std::vector<Section> SectionsOf(const Listed& listed, const Variant& variant) {
+  return support::TakeApart(records::Batch(SettingsOf(listed, variant), listed.mode));
+}
+
 // --- What a table of columns says ---
 
 // The section under each variant; they differ in their units.
@@ -194,7 +198,7 @@ std::vector<Group> GroupsOf(const std::vector<std::vector<Section>>& readings) {
 
 void PrintUnknownCode(const Listed& listed) {
   std::string cut;
-  for (const Section& section : records::Batch(SettingsOf(listed, kUnknownCode), listed.mode)) {
+  for (const Section& section : SectionsOf(listed, kUnknownCode)) {
     const auto written = static_cast<int>(section.columns.size());
     if (written == section.announced) continue;
     cut += fmt::format("{}{} {} of {}", cut.empty() ? "" : ", ", NameOf(section), written,
@@ -208,7 +212,8 @@ void PrintUnknownCode(const Listed& listed) {
 
 void PrintContinuous(const Listed& listed) {
   std::vector<std::string> names;
-  for (const Section& section : records::ContinuousCycle(SettingsOf(listed, listed.variants[0]))) {
+  for (const Section& section :
+       support::TakeApart(records::ContinuousCycle(SettingsOf(listed, listed.variants[0])))) {
     names.push_back(NameOf(section));
   }
   fmt::print("\nA cycle of continuous reading in which an hour and a day are due: {}.\n",
@@ -219,7 +224,7 @@ void PrintContinuous(const Listed& listed) {
 void PrintFirmware(const Listed& listed) {
   fmt::print("\n| Version byte | Version | Pressure | Heat |\n|---|---|---|---|\n");
   for (int version = 0; version <= 16; ++version) {
-    const auto sections = records::Batch(SettingsOf(listed, {"", {}, version}), listed.mode);
+    const auto sections = SectionsOf(listed, {"", {}, version});
     if (sections.empty()) {
       fmt::print("| {} | not read | | |\n", version);
       continue;
@@ -234,7 +239,7 @@ void Print(const Listed& listed) {
   std::vector<std::vector<Section>> readings;
   std::vector<std::string> names;
   for (const Variant& variant : listed.variants) {
-    readings.push_back(records::Batch(SettingsOf(listed, variant), listed.mode));
+    readings.push_back(SectionsOf(listed, variant));
     names.push_back(variant.name);
   }
   const Section& first = readings.front().front();
@@ -247,10 +252,46 @@ void Print(const Listed& listed) {
   for (const Group& group : GroupsOf(readings)) group.Print();
 }
 
+// --- The streams ---
+
+// FNV-1a over the calls, each with its length.
+std::uint32_t DigestOf(const records::Writes& writes) {
+  std::uint32_t digest = 2166136261u;
+  const auto add = [&](std::size_t byte) {
+    digest = (digest ^ static_cast<std::uint32_t>(byte)) * 16777619u;
+  };
+  for (const support::Bytes& write : writes) {
+    add(write.size());
+    for (const std::uint8_t byte : write) add(byte);
+  }
+  return digest;
+}
+
+void PrintStream(const simulator::Settings& settings, tav::Mode mode, const std::string& name) {
+  const records::Writes writes = records::Batch(settings, mode);
+  fmt::print("| {} | {} | {} | {:08X} |\n", settings.model, name, writes.size(), DigestOf(writes));
+}
+
+void PrintStreams() {
+  fmt::print("\n## Streams\n\n| Model | Setting | Writes | Digest |\n|---|---|---|---|\n");
+  for (const Listed& listed : Models()) {
+    for (const Variant& variant : listed.variants) {
+      PrintStream(SettingsOf(listed, variant), listed.mode, variant.name);
+    }
+    if (!listed.variants[0].version) continue;
+    for (int mode = 1; mode <= 10; ++mode) {
+      simulator::Settings settings = SettingsOf(listed, listed.variants[0]);
+      settings.special.modeCode = mode;
+      PrintStream(settings, listed.mode, fmt::format("`SP` {}", mode));
+    }
+  }
+}
+
 }  // namespace
 
 int main() try {
   for (const Listed& listed : Models()) Print(listed);
+  PrintStreams();
 } catch (const std::exception& error) {
   fmt::print(stderr, "list_records: {}\n", error.what());
   return 1;

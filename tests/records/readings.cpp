@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "simulator/instrument.h"
+#include "simulator/catalogue/catalogue.h"
 #include "tests/support/reading.h"
 
 namespace records {
@@ -30,29 +30,29 @@ void Connect(support::FakePort& port, simulator::Settings settings) {
 
 }  // namespace
 
-std::vector<support::Section> Batch(const simulator::Settings& settings, tav::Mode mode) {
+Writes Batch(const simulator::Settings& settings, tav::Mode mode) {
   support::Reading reading;
   Connect(reading.port, settings);
   reading.driver.SetupDateTime({2016, 8, 0, 25, 22, 10}, {2016, 9, 0, 2, 1, 20});
   reading.Groups("BTMSHE");
   reading.Run(static_cast<int>(mode));
-  return support::TakeApart(reading.stream.writes);
+  return reading.stream.writes;
 }
 
-std::vector<support::Section> ContinuousCycle(const simulator::Settings& settings) {
+Writes ContinuousCycle(const simulator::Settings& settings) {
   support::Reading reading;
   Connect(reading.port, settings);
   reading.driver.SetupDateTime({2016, 9, 0, 4, 11}, {2016, 9, 0, 4, 12});
   reading.Groups("H");
   reading.Parameter(static_cast<int>(tav::Parameter::kContinuous), 1);
-  std::vector<std::vector<support::Bytes>> parts;  // the batch, the first cycle
+  std::vector<Writes> parts;  // the batch, the first cycle
   reading.stream.onMessage = [&](const std::string& line) {
     if (line != "reading... / Nonstop") return;
     parts.push_back(std::exchange(reading.stream.writes, {}));
     if (parts.size() == 2) reading.driver.Stop();
   };
   reading.Run(static_cast<int>(tav::Mode::kOlder));
-  return support::TakeApart(parts.at(1));
+  return parts.at(1);
 }
 
 std::string Utf8(const std::string& text) {

@@ -10,10 +10,13 @@
 
 namespace records {
 
-// Every section of a batch reading over the end of a month, in the order of the stream.
-std::vector<support::Section> Batch(const simulator::Settings& settings, tav::Mode mode);
-// The sections of one cycle of continuous reading in which an hour and a day are due.
-std::vector<support::Section> ContinuousCycle(const simulator::Settings& settings);
+// The write calls of a reading, by which the tests' decoder takes it apart.
+using Writes = std::vector<support::Bytes>;
+
+// All groups from 2016-08-25 22:10 to 2016-09-02 01:20, read at 2016-09-04 13:05:09.
+Writes Batch(const simulator::Settings& settings, tav::Mode mode);
+// One cycle of continuous reading in which an hour and a day are due.
+Writes ContinuousCycle(const simulator::Settings& settings);
 
 // A text of code page 1251: ASCII and Russian letters. Throws std::out_of_range for others.
 std::string Utf8(const std::string& text);

@@ -1,74 +1,129 @@
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <bit>
+#include <map>
 #include <numeric>
 
+#include "simulator/k7/frame.h"
 #include "tests/simulator/line.h"
 
 using namespace simulator;
+using support::operator+;
 
 namespace {
 
-Bytes Clean() { return support::Hex("10 01 52 10 09 04 0D 05 09 74 16"); }
+// A request that a host repeats: the clock of an older instrument, or a day of a K7.
+Bytes RequestTo(const std::string& model) {
+  if (!model.starts_with("k7")) return Request("52 64 00 06 00");
+  return k7::Build({true, 1, 1, 0x61,
+                    support::Hex("04 05 FF FF 00 01 01 49 08 10 09 01 00 1E 28 00 00 "
+                                 "49 08 10 09 03 0B 00 00 00 00")});
+}
 
-// The replies to clock requests in a row.
-std::vector<Bytes> Replies(const std::vector<Fault>& faults, std::size_t count,
-                           std::uint32_t seed = 1) {
-  Settings settings = FixedSettings("521");
+std::vector<Bytes> Replies(const std::string& model, const std::vector<Fault>& faults,
+                           std::size_t count, std::uint32_t seed = 1) {
+  Settings settings = FixedSettings(model);
   settings.faults = faults;
   settings.seed = seed;
   Line line(settings);
   std::vector<Bytes> replies(count);
-  for (Bytes& reply : replies) reply = line.Send(Request("52 64 00 06 00"));
+  for (Bytes& reply : replies) {
+    CHECK(line.Send(support::Hex("10 02 3F 00 00 00 00 BE 16")).empty());  // it doesn't count
+    reply = line.Send(RequestTo(model));
+  }
   return replies;
 }
 
-int BitsApart(const Bytes& a, const Bytes& b) {
-  return std::transform_reduce(
-      a.begin(), a.end(), b.begin(), 0, std::plus<>(),
-      [](std::uint8_t x, std::uint8_t y) { return std::popcount(static_cast<unsigned>(x ^ y)); });
-}
+// A reply with a fault, beside its request and the reply without.
+struct Struck {
+  const Bytes& request;
+  const Bytes& clean;
+  const Bytes& reply;
 
-bool IsFault(const std::string& kind, const Bytes& reply) {
-  const Bytes clean = Clean();
-  if (kind == "no-reply") return reply.empty();
-  if (kind == "cut-reply") {
+  bool EndsClean() const {
+    return reply.size() > clean.size() && std::equal(clean.rbegin(), clean.rend(), reply.rbegin());
+  }
+  bool IsCut() const {
     return !reply.empty() && reply.size() < clean.size() &&
            std::equal(reply.begin(), reply.end(), clean.begin());
   }
-  if (kind == "flipped-bit") return reply.size() == clean.size() && BitsApart(reply, clean) == 1;
-  if (kind == "noise") {
-    return reply.size() > clean.size() && reply.size() <= clean.size() + 8 &&
-           std::equal(clean.rbegin(), clean.rend(), reply.rbegin());
+  bool IsOneBitApart() const {
+    const auto bits = [](int a, int b) { return std::popcount(static_cast<unsigned>(a ^ b)); };
+    return reply.size() == clean.size() &&
+           std::transform_reduce(reply.begin(), reply.end(), clean.begin(), 0, std::plus<>(),
+                                 bits) == 1;
   }
-  return kind == "error-reply" && reply.size() == 6 && reply[2] == 0x21;
-}
+  k7::Frame Frame() const { return k7::Parse(reply).value(); }
+  Bytes Data() const { return Frame().data; }
+  Bytes CleanData() const { return k7::Parse(clean).value().data; }
+  // The first ten bytes of the data: an archive record's stamp.
+  Bytes Stamp() const { return Bytes(clean.begin() + 8, clean.begin() + 18); }
+};
+
+const std::map<std::string, bool (*)(const Struck&)> kFaults = {
+    {"no-reply", [](const Struck& s) { return s.reply.empty(); }},
+    {"frozen", [](const Struck& s) { return s.reply.empty(); }},
+    {"cut-reply", [](const Struck& s) { return s.IsCut(); }},
+    {"flipped-bit", [](const Struck& s) { return s.IsOneBitApart(); }},
+    {"noise",
+     [](const Struck& s) { return s.EndsClean() && s.reply.size() - s.clean.size() <= 8; }},
+    {"error-reply", [](const Struck& s) { return s.reply.size() == 6 && s.reply[2] == 0x21; }},
+    {"wrong-sequence", [](const Struck& s) { return s.Frame().sequence == 2; }},
+    {"echo", [](const Struck& s) { return s.reply == s.request + s.clean; }},
+    {"false-starts", [](const Struck& s) { return s.EndsClean(); }},
+    {"other-command", [](const Struck& s) { return s.Frame().command == 0x21; }},
+    {"unknown-items", [](const Struck& s) { return s.Data()[0] == 5; }},
+    {"stamp-alone",
+     [](const Struck& s) {
+       return s.Data() == s.Stamp() + Bytes{5, 0};
+     }},
+    {"past-end",
+     [](const Struck& s) {
+       const Bytes data = s.Data();
+       return data[11] == 0x82 && data[12] * 256u + data[13] > data.size() - 14;
+     }},
+    {"several-records", [](const Struck& s) { return s.Data() == s.CleanData() + s.CleanData(); }},
+    {"empty-reply", [](const Struck& s) { return s.Data().empty(); }},
+};
 
 }  // namespace
 
-TEST_CASE("each fault strikes on every Nth exchange and is the same for a seed") {
-  for (const std::string fault : {"no-reply", "cut-reply", "flipped-bit", "noise", "error-reply"}) {
-    CAPTURE(fault);
-    const std::vector<Bytes> replies = Replies({{fault, 3}}, 30);
-    for (std::size_t i = 0; i < replies.size(); ++i) {
-      CAPTURE(support::ToHex(replies[i]));
-      const bool struck = (i + 1) % 3 == 0;
-      CHECK((struck ? IsFault(fault, replies[i]) : replies[i] == Clean()));
+TEST_CASE("each fault strikes when it should and is the same for a seed") {
+  for (const char* model : {"521", "k7-521"}) {
+    const Bytes request = RequestTo(model), clean = Replies(model, {}, 1)[0];
+    for (const Choice& fault : FaultsOf(model)) {
+      CAPTURE(model);
+      CAPTURE(fault.name);
+      const std::vector<Fault> faults = {{fault.name, 3, 4}};
+      const std::vector<Bytes> replies = Replies(model, faults, 30);
+      const bool frozen = fault.name == std::string("frozen");
+      for (std::size_t i = 0; i < replies.size(); ++i) {
+        CAPTURE(i);
+        const bool struck = frozen ? i >= 3 && i < 7 : i % 3 == 2;
+        CHECK(
+            (struck ? kFaults.at(fault.name)({request, clean, replies[i]}) : replies[i] == clean));
+      }
+      CHECK(Replies(model, faults, 30) == replies);
+      // The clock's bytes are the same for every seed.
+      const bool random = clean.size() == 11 && !replies[5].empty();
+      CHECK(random == (clean.size() == 11 && Replies(model, faults, 30, 2) != replies));
     }
-    CHECK(Replies({{fault, 3}}, 30) == replies);
-    const bool random = fault != "no-reply";
-    CHECK((Replies({{fault, 3}}, 30, 2) != replies) == random);
   }
 }
 
-TEST_CASE("only exchanges with a reply are counted, and faults come together") {
-  Settings settings = FixedSettings("521");
-  settings.faults = {{"no-reply", 2}, {"noise", 2}};
-  Line line(settings);
-  CHECK(line.Ask("52 64 00 06 00") == support::ToHex(Clean()));
-  CHECK(line.Send(support::Hex("10 02 3F 00 00 00 00 BE 16")).empty());
-  CHECK(line.Ask("52 64 00 06 00").empty());
-  CHECK(line.Ask("52 64 00 06 00") == support::ToHex(Clean()));
+TEST_CASE("any two faults of the newer protocol strike one reply together") {
+  const Bytes clean = Replies("k7-521", {}, 1)[0];
+  for (const Choice& first : FaultsOf("k7-521")) {
+    for (const Choice& second : FaultsOf("k7-521")) {
+      CAPTURE(first.name);
+      CAPTURE(second.name);
+      const std::vector<Fault> both = {{first.name, 1}, {second.name, 1}, {"unknown-items", 2}};
+      for (const Bytes& reply : Replies("k7-521", both, 8)) {
+        CHECK(reply.size() < 5 * clean.size() + 200);
+      }
+    }
+  }
 }
 
 TEST_CASE("a page that fails is followed by the next one after the host's time limit") {

@@ -1,17 +1,6 @@
 #include "tests/simulator/line.h"
 
-#include <cstring>
-
 namespace simulator {
-namespace {
-
-std::uint8_t Complement(std::span<const std::uint8_t> bytes) {
-  unsigned sum = 0;
-  for (const std::uint8_t byte : bytes) sum += byte;
-  return static_cast<std::uint8_t>(0xFF - sum % 256);
-}
-
-}  // namespace
 
 Settings FixedSettings(const std::string& model) {
   Settings settings;
@@ -21,19 +10,10 @@ Settings FixedSettings(const std::string& model) {
 }
 
 Bytes Request(const std::string& hex) {
-  Bytes request = support::Hex("10 01 " + hex);
-  request.push_back(Complement(std::span(request).subspan(1)));
-  request.push_back(0x16);
+  Bytes request = support::Hex("10 01 " + hex + " FF 16");
+  for (std::size_t i = 1; i < 7; ++i)
+    request[7] = static_cast<std::uint8_t>(request[7] - request[i]);
   return request;
-}
-
-double FloatAt(std::span<const std::uint8_t> bytes, std::size_t offset) {
-  const auto b = bytes.subspan(offset, 4);
-  const std::uint32_t ieee = (b[2] & 0x80u) << 24 | static_cast<std::uint32_t>(b[3]) << 23 |
-                             (b[2] & 0x7Fu) << 16 | b[1] * 256u | b[0];
-  float value;
-  std::memcpy(&value, &ieee, sizeof value);
-  return value;
 }
 
 Line::Line(Settings settings) : now(*settings.clock) {
@@ -49,23 +29,6 @@ Bytes Line::Send(const Bytes& bytes) {
     }
   }
   return replies;
-}
-
-Bytes Line::Data(const std::string& hex, std::size_t size) {
-  const Bytes request = Request(hex);
-  const Bytes replies = Send(request);
-  const std::size_t frame = size + 5;
-  if (replies.size() % frame != 0) return {};
-  Bytes data;
-  for (std::size_t at = 0; at < replies.size(); at += frame) {
-    const auto reply = std::span(replies).subspan(at, frame);
-    const bool good = reply[0] == 0x10 && reply[1] == 1 && reply[2] == request[2] &&
-                      reply[size + 3] == Complement(reply.subspan(1, size + 2)) &&
-                      reply[size + 4] == 0x16;
-    if (!good) return {};
-    data.insert(data.end(), reply.begin() + 3, reply.begin() + 3 + static_cast<int>(size));
-  }
-  return data;
 }
 
 }  // namespace simulator

@@ -2,11 +2,10 @@
 #pragma once
 
 #include <memory>
-#include <span>
 #include <string>
 #include <vector>
 
-#include "simulator/instrument.h"
+#include "simulator/catalogue/catalogue.h"
 #include "tests/support/hex.h"
 
 namespace simulator {
@@ -14,11 +13,9 @@ namespace simulator {
 // The 4th of September 2016, 13:05:09.
 Settings FixedSettings(const std::string& model);
 
-// "52 64 00 06 00": function and parameters, with the rest of a request to number 1 around them.
+// "52 64 00 06 00": function and parameters, with the rest of an older request to number 1 around
+// them.
 Bytes Request(const std::string& hex);
-
-// Four bytes of an instrument float.
-double FloatAt(std::span<const std::uint8_t> bytes, std::size_t offset);
 
 class Line {
  public:
@@ -26,11 +23,8 @@ class Line {
 
   // All bytes of the replies, whatever silences are between them.
   Bytes Send(const Bytes& bytes);
-  // The replies to a request as the line carries them.
+  // The replies to an older request as the line carries them.
   std::string Ask(const std::string& hex) { return support::ToHex(Send(Request(hex))); }
-  // The data bytes of all the frames of a good reply, each with `size` of them; empty when a frame
-  // has a wrong length, header, checksum or end.
-  Bytes Data(const std::string& hex, std::size_t size);
 
   Instrument& GetInstrument() { return *instrument_; }
   std::vector<std::string> reports;

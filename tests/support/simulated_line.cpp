@@ -2,6 +2,8 @@
 
 #include <doctest/doctest.h>
 
+#include "simulator/catalogue/catalogue.h"
+
 namespace support {
 
 void Connect(FakePort& port, simulator::Settings settings) {

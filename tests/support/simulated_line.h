@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "simulator/instrument.h"
+#include "simulator/simulator.h"
 #include "tests/support/fake_port.h"
 
 namespace support {

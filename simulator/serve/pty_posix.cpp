@@ -1,14 +1,15 @@
 #include <fcntl.h>
 #include <stdlib.h>
 #include <termios.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
 #include <system_error>
 
-#include "simulator/server.h"
-#include "simulator/session.h"
+#include "simulator/serve/server.h"
+#include "simulator/serve/session.h"
 
 namespace simulator {
 namespace {
@@ -36,10 +37,32 @@ std::string DeviceOf(int master) {
   return name;
 }
 
+// A lock on the device tells others that an instrument answers there. Of the kinds of locks it is
+// the one that no host takes and that belongs to one opening of the file.
+struct flock WholeFile() {
+  struct flock lock {};
+  lock.l_type = F_WRLCK;
+  lock.l_whence = SEEK_SET;
+  return lock;
+}
+
+// Whether an instrument answers behind a link; a link that a killed one left leads nowhere, or to a
+// terminal that is another program's by now.
+bool IsServed(const fs::path& link) {
+  const int device = open(link.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK);
+  if (device < 0) return errno == EACCES || errno == EBUSY;
+  struct flock lock = WholeFile();
+  const bool locked = fcntl(device, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+  close(device);
+  return locked;
+}
+
 // Kept open, so that the line stays when a host closes it. Every byte passes as it is.
 int OpenSlave(const std::string& device) {
   const int slave = open(device.c_str(), O_RDWR | O_NOCTTY);
   if (slave < 0) Fail("The pseudo terminal " + device + " can't be opened");
+  struct flock lock = WholeFile();
+  fcntl(slave, F_OFD_SETLK, &lock);  // without it a second instrument takes the link over
   termios line{};
   tcgetattr(slave, &line);
   cfmakeraw(&line);
@@ -47,18 +70,13 @@ int OpenSlave(const std::string& device) {
   return slave;
 }
 
-// A symbolic link to the device, as long as the object lives. Replaces an older link, but nothing
-// else that may stand there.
+// A symbolic link to the device, as long as the object lives. Replaces a link that was left behind,
+// but nothing else that may stand there.
 class DeviceLink {
  public:
   DeviceLink(const std::string& path, const std::string& device) : path_(path), device_(device) {
     if (path_.empty()) return;
-    const fs::file_type there = fs::symlink_status(path_).type();
-    if (there == fs::file_type::symlink) {
-      fs::remove(path_);
-    } else if (there != fs::file_type::not_found) {
-      throw std::runtime_error(path + " exists and is no symbolic link: name another path.");
-    }
+    MakeRoom();
     fs::create_symlink(device_, path_);
   }
   ~DeviceLink() {
@@ -69,6 +87,22 @@ class DeviceLink {
   DeviceLink& operator=(const DeviceLink&) = delete;
 
  private:
+  void MakeRoom() const {
+    const fs::file_type there = fs::symlink_status(path_).type();
+    if (there == fs::file_type::not_found) return;
+    if (there != fs::file_type::symlink) {
+      throw std::runtime_error(path_.string() +
+                               " exists and is no symbolic link: name another path.");
+    }
+    // A killed instrument's terminal has its number again.
+    const bool isOwn = fs::read_symlink(path_) == device_;
+    if (!isOwn && IsServed(path_)) {
+      throw std::runtime_error("At " + path_.string() +
+                               " an instrument answers already: stop it or name another path.");
+    }
+    fs::remove(path_);
+  }
+
   fs::path path_, device_;
 };
 

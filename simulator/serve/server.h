@@ -5,7 +5,7 @@
 #include <memory>
 #include <thread>
 
-#include "simulator/instrument.h"
+#include "simulator/catalogue/catalogue.h"
 
 namespace simulator {
 

@@ -1,11 +1,11 @@
-#include "simulator/older/plant.h"
+#include "simulator/plant.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "simulator/random.h"
 
-namespace simulator::older {
+namespace simulator {
 namespace {
 
 constexpr double kPi = 3.14159265358979323846;
@@ -158,17 +158,26 @@ Measured MeasuredHour(const Plant& plant, Moment moment) {
 }
 
 Measured MeasuredPeriod(const Plant& plant, Moment begin, Moment end) {
-  Measured total;
-  const std::int64_t first = HourIndex(begin), last = HourIndex(end);
-  for (std::int64_t hour = first; hour < last; ++hour) {
-    const Measured one = Measure(plant, hour);
-    for (std::size_t i = 0; i < kQuantities; ++i) total.values[i] += one.values[i];
-    total.situation |= one.situation;
-  }
-  for (std::size_t i = 0; i < kQuantities && last > first; ++i) {
-    if (!IsSum(i)) total.values[i] /= static_cast<double>(last - first);
-  }
-  return total;
+  return RunningPeriod().Until(plant, begin, end);
 }
 
-}  // namespace simulator::older
+Measured RunningPeriod::Until(const Plant& plant, Moment begin, Moment end) {
+  const std::int64_t first = HourIndex(begin), last = HourIndex(end);
+  if (plant != plant_ || first != first_ || last < last_) {
+    *this = {};
+    plant_ = plant;
+    first_ = last_ = first;
+  }
+  for (; last_ < last; ++last_) {
+    const Measured one = Measure(plant, last_);
+    for (std::size_t i = 0; i < kQuantities; ++i) sums_.values[i] += one.values[i];
+    sums_.situation |= one.situation;
+  }
+  Measured period = sums_;
+  for (std::size_t i = 0; i < kQuantities && last > first; ++i) {
+    if (!IsSum(i)) period.values[i] /= static_cast<double>(last - first);
+  }
+  return period;
+}
+
+}  // namespace simulator

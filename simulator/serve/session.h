@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "simulator/instrument.h"
-#include "simulator/pacer.h"
+#include "simulator/serve/pacer.h"
 
 namespace simulator {
 

@@ -1,8 +1,8 @@
 #include <optional>
 #include <stdexcept>
 
-#include "simulator/server.h"
-#include "simulator/session.h"
+#include "simulator/serve/server.h"
+#include "simulator/serve/session.h"
 
 namespace simulator {
 namespace {

@@ -57,26 +57,3 @@ TEST_CASE("a request comes in any pieces, and one that breaks off is dropped") {
   line.GetInstrument().Idle();
   CHECK(line.reports == std::vector<std::string>{"A request broke off after 3 bytes."});
 }
-
-TEST_CASE("settings out of range are refused") {
-  const auto with = [](auto change) {
-    Settings settings = FixedSettings("521");
-    change(settings);
-    return settings;
-  };
-  const Settings bad[] = {
-      with([](Settings& s) { s.model = "524"; }),
-      with([](Settings& s) { s.number = 256; }),
-      with([](Settings& s) { s.special.logEntries = 101; }),
-      with([](Settings& s) { s.clock->day = 31; }),
-      with([](Settings& s) {
-        s.faults = {{"smoke", 1}};
-      }),
-      with([](Settings& s) {
-        s.faults = {{"noise", 0}};
-      }),
-  };
-  for (const Settings& settings : bad) {
-    CHECK_THROWS_AS(MakeInstrument(settings, ClockOf(settings)), std::invalid_argument);
-  }
-}

@@ -10,7 +10,7 @@
 
 #include "simulator/moment.h"
 
-namespace simulator::older {
+namespace simulator {
 
 // Named as the columns of the records. Pressures in kgf/cm2, heat in Gcal, masses in tonnes,
 // volumes in m3, flows in t/h or m3/h, temperatures in degrees Celsius, times in hours.
@@ -41,6 +41,7 @@ enum class Site { kHeat, kGas };
 struct Plant {
   Site site = Site::kHeat;
   std::uint64_t seed = 1;  // one of its own for each heat system
+  bool operator==(const Plant&) const = default;
 };
 
 // The hour in which the moment lies.
@@ -48,4 +49,15 @@ Measured MeasuredHour(const Plant& plant, Moment moment);
 // From one full hour to another: means and sums of the hours between, their situations together.
 Measured MeasuredPeriod(const Plant& plant, Moment begin, Moment end);
 
-}  // namespace simulator::older
+// The same for one beginning and an end that moves on: what was summed up is kept.
+class RunningPeriod {
+ public:
+  Measured Until(const Plant& plant, Moment begin, Moment end);
+
+ private:
+  Plant plant_;
+  std::int64_t first_ = 0, last_ = 0;  // hours
+  Measured sums_;                      // of the means too
+};
+
+}  // namespace simulator

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "simulator/pacer.h"
+#include "simulator/serve/pacer.h"
 #include "tests/simulator/line.h"
 
 using namespace simulator;
@@ -35,33 +35,20 @@ asio::ip::tcp::socket Connect(asio::io_context& context, const std::string& addr
 
 }  // namespace
 
-TEST_CASE("over TCP one host after the other is served") {
-  const auto served = ServeTcp(FixedSettings("521"), 0);
-  CHECK(served->Address().find("127.0.0.1:") == 0);
-  asio::io_context context;
-  auto first = Connect(context, served->Address());
-  CHECK(Identify(first) == kReply);
-  auto second = Connect(context, served->Address());
-  first.close();
-  CHECK(Identify(second) == kReply);
-
-  const auto port = second.remote_endpoint().port();
-  CHECK_THROWS_AS(ServeTcp(FixedSettings("521"), port), std::runtime_error);
-}
-
-TEST_CASE("a host that leaves in the middle of a paced reply leaves the line to the next") {
+TEST_CASE("over TCP one host after the other is served, whenever one leaves") {
   Settings settings = FixedSettings("521");
   settings.lineSpeed = 9600;
   const auto served = ServeTcp(settings, 0);
+  CHECK(served->Address().find("127.0.0.1:") == 0);
   asio::io_context context;
-  {
-    auto host = Connect(context, served->Address());
-    asio::write(host, asio::buffer(Request("45 00 00 02 00")));
-    Bytes begin(3);
-    asio::read(host, asio::buffer(begin));
-  }
-  auto next = Connect(context, served->Address());
-  CHECK(Identify(next) == kReply);
+  auto first = Connect(context, served->Address()), second = Connect(context, served->Address());
+  asio::write(first, asio::buffer(Request("45 00 00 02 00")));
+  Bytes begin(3);
+  asio::read(first, asio::buffer(begin));
+  first.close();
+  CHECK(Identify(second) == kReply);
+  const auto port = second.remote_endpoint().port();
+  CHECK_THROWS_AS(ServeTcp(settings, port), std::runtime_error);
 }
 
 TEST_CASE("the end of a server doesn't wait for its reply") {
@@ -123,6 +110,8 @@ TEST_CASE("a pseudo terminal stays while hosts open and close it") {
   {
     const auto served = ServePty(FixedSettings("521"), link);
     CHECK(fs::read_symlink(link) == served->Address());
+    CHECK_THROWS_AS(ServePty(FixedSettings("522"), link), std::runtime_error);  // it is taken
+    CHECK(fs::read_symlink(link) == served->Address());
     asio::io_context context;
     for (int i = 0; i < 3; ++i) {
       auto port = Open(context, i == 1 ? link : served->Address());
@@ -130,6 +119,11 @@ TEST_CASE("a pseudo terminal stays while hosts open and close it") {
     }
   }
   CHECK(fs::symlink_status(link).type() == fs::file_type::not_found);
+  // A killed one leaves its link, and the next one gets its terminal.
+  const std::string device = ServePty(FixedSettings("521"), "")->Address();
+  fs::create_symlink(device, link);
+  const auto next = ServePty(FixedSettings("521"), link);
+  CHECK(fs::read_symlink(link) == next->Address());
 }
 
 TEST_CASE("a paced pseudo terminal carries every byte value") {
