@@ -24,6 +24,7 @@ struct Texts {
   std::string to;
   std::string clock;
   std::vector<std::string> faults;
+  std::string units;
   int baud = 0;
   bool all = false;
 };
@@ -47,6 +48,9 @@ void AddSimulated(CLI::App& app, simulator::Settings& settings, Texts& texts) {
   app.add_option("--line-speed", settings.lineSpeed,
                  "bit/s at which the simulated line paces its bytes; 0: at once")
       ->check(CLI::Range(0, 10000000));
+  app.add_option("--units", texts.units,
+                 "units of the simulated instrument, 0, 1 or 2 (see irvela models)")
+      ->option_text("CODE");
   app.add_option("--fault", texts.faults, "what goes wrong, on every Nth reply (see irvela models)")
       ->option_text("KIND[:N] ...")
       ->expected(1)
@@ -154,7 +158,7 @@ std::string NamesOf(std::span<const simulator::Choice> choices) {
   return names;
 }
 
-std::string Chosen(const char* what, const std::string& name,
+std::string Chosen(const std::string& what, const std::string& name,
                    std::span<const simulator::Choice> choices) {
   const bool known = std::any_of(choices.begin(), choices.end(),
                                  [&](const auto& choice) { return choice.name == name; });
@@ -168,20 +172,30 @@ SYSTEMTIME DateOf(const char* option, const std::string& text, Bound bound) {
       fmt::format("{} {}: a date looks like 2016-09-04 or \"2016-09-04 13:00\"", option, text));
 }
 
-simulator::Fault FaultOf(const std::string& text) {
+// "noise", "noise:7", "frozen:20:240".
+simulator::Fault FaultOf(const std::string& text, const std::string& model) {
+  const std::vector<std::string> parts = CLI::detail::split(text, ':');
   simulator::Fault fault;
-  const std::size_t colon = text.find(':');
-  fault.kind = Chosen("--fault", text.substr(0, colon), simulator::Faults());
-  if (colon == std::string::npos) return fault;
-  if (!CLI::detail::lexical_cast(text.substr(colon + 1), fault.every) || fault.every < 1) {
-    throw UsageError(fmt::format("--fault {}: after the colon stands a number from 1 on", text));
+  fault.kind = Chosen("--fault of " + model, parts[0], simulator::FaultsOf(model));
+  const std::size_t most = fault.kind == "frozen" ? 3 : 2;
+  int* const numbers[] = {&fault.every, &fault.length};
+  bool good = parts.size() <= most && text.back() != ':';
+  for (std::size_t i = 1; good && i < parts.size(); ++i) {
+    int& number = *numbers[i - 1];
+    good = CLI::detail::lexical_cast(parts[i], number) && number >= 1;
   }
+  if (!good) throw UsageError(fmt::format("--fault {}: a colon needs a number from 1 on", text));
   return fault;
 }
 
 void FinishSimulated(simulator::Settings& settings, const Texts& texts, const char* option) {
   settings.model = Chosen(option, texts.simulate, simulator::Models());
-  for (const std::string& fault : texts.faults) settings.faults.push_back(FaultOf(fault));
+  const std::string& model = settings.model;
+  for (const std::string& fault : texts.faults) settings.faults.push_back(FaultOf(fault, model));
+  if (!texts.units.empty()) {
+    const auto codes = simulator::UnitsOf(model);
+    settings.special.unitsCode = std::stoi(Chosen("--units of " + model, texts.units, codes));
+  }
   if (texts.clock.empty()) return;
   const SYSTEMTIME clock = DateOf("--clock", texts.clock, Bound::kFrom);
   settings.clock = {clock.wYear, clock.wMonth,  clock.wDay,
@@ -203,8 +217,8 @@ void FinishRead(ReadOptions& read, const Texts& texts) {
   if (read.simulate) {
     FinishSimulated(read.simulated, texts, "--simulate");
     read.simulated.number = read.settings.number;
-  } else if (!texts.clock.empty() || !texts.faults.empty()) {
-    throw UsageError("--clock and --fault go with --simulate");
+  } else if (!texts.clock.empty() || !texts.faults.empty() || !texts.units.empty()) {
+    throw UsageError("--clock, --fault and --units go with --simulate");
   }
   if (!read.tcp.empty()) CheckLineAddress("tcp:" + read.tcp);
   const bool k7 = texts.kind.empty() ? texts.simulate.starts_with("k7") : texts.kind == "k7";

@@ -1,22 +1,59 @@
 #include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
 
 #include "host/cli/commands.h"
+#include "host/system/files.h"
 
 namespace host {
 namespace {
 
-void List(const char* heading, std::span<const simulator::Choice> choices) {
-  fmt::print("{}\n", heading);
-  for (const simulator::Choice& choice : choices) {
-    fmt::print("  {:<16} {}\n", choice.name, choice.description);
+std::string Line(const simulator::Choice& choice) {
+  return fmt::format("  {:<16} {}\n", choice.name, choice.description);
+}
+
+std::string UnitsOf(const char* model) {
+  std::string units;
+  for (const simulator::Choice& code : simulator::UnitsOf(model)) {
+    units += fmt::format("{}{} {}", units.empty() ? "" : "; ", code.name, code.description);
   }
+  return units;
+}
+
+bool Has(const char* model, const char* fault) {
+  const auto faults = simulator::FaultsOf(model);
+  return std::any_of(faults.begin(), faults.end(),
+                     [&](const auto& own) { return std::string_view(own.name) == fault; });
+}
+
+// The models that have a fault; empty: all of them.
+std::string ModelsWith(const char* fault) {
+  std::vector<std::string_view> models;
+  for (const simulator::Choice& model : simulator::Models()) {
+    if (Has(model.name, fault)) models.emplace_back(model.name);
+  }
+  if (models.size() == simulator::Models().size()) return {};
+  return fmt::format("{}", fmt::join(models, ", "));
 }
 
 }  // namespace
 
 int ListModels() {
-  List("Instruments, for --simulate and simulate:", simulator::Models());
-  List("\nFaults, for --fault:", simulator::Faults());
+  std::string text = "Instruments, for --simulate and simulate, each with its --units:\n";
+  for (const simulator::Choice& model : simulator::Models()) {
+    text += Line(model) + Line({"", UnitsOf(model.name).c_str()});
+  }
+  text += "\nFaults, for --fault:\n";
+  std::string group;
+  for (const simulator::Choice& fault : simulator::Faults()) {
+    const std::string models = ModelsWith(fault.name);
+    if (models != std::exchange(group, models)) text += fmt::format("\n{} only:\n", models);
+    text += Line(fault);
+  }
+  WriteStandardOutput(text);
   return 0;
 }
 

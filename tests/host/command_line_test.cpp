@@ -38,6 +38,11 @@ TEST_CASE("wrong usage is told in one line") {
       {"read", "--tcp", "gateway:70000"},
       {"read", "--simulate", "no such model"},
       {"read", "--simulate", "521", "--fault", "no such fault"},
+      {"read", "--simulate", "k7-521", "--fault", "error-reply"},
+      {"read", "--simulate", "521", "--fault", "noise:1:2"},
+      {"read", "--simulate", "521", "--fault", "frozen:1:"},
+      {"simulate", "521", "--tcp", "0", "--units", "2"},
+      {"read", "--port", "a", "--units", "1"},
       {"decode"},
       {"simulate", "521", "--pty", "a", "--tcp", "1"},
   };
@@ -86,10 +91,9 @@ TEST_CASE("a reading is set up from its options") {
 }
 
 TEST_CASE("a simulated clock sets the period") {
-  const std::string fault = std::string(simulator::Faults().front().name) + ":3";
   const CommandLine line =
       host::ParseCommandLine({"read", "--simulate", "521", "--number", "9", "--clock",
-                              "2016-03-01 13:05:09", "--fault", fault});
+                              "2016-03-01 13:05:09", "--fault", "frozen:3:50", "--units", "1"});
   REQUIRE(line.command == Command::kRead);
   CHECK(TextOf(line.read.settings.from) == "2016-2-27 0:0:0");
   CHECK(TextOf(line.read.settings.to) == "2016-3-1 13:5:9");
@@ -97,6 +101,8 @@ TEST_CASE("a simulated clock sets the period") {
   CHECK(line.read.simulated.number == 9);
   CHECK(line.read.simulated.clock->minute == 5);
   CHECK(line.read.simulated.faults.front().every == 3);
+  CHECK(line.read.simulated.faults.front().length == 50);
+  CHECK(line.read.simulated.special.unitsCode == 1);
 }
 
 TEST_CASE("dates") {
