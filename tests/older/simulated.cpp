@@ -1,8 +1,6 @@
-#include "tests/older_models/simulated.h"
+#include "tests/older/simulated.h"
 
 namespace support {
-
-std::string Said(const char* text1, const char* text2) { return MessageLine(text1, text2, 0); }
 
 simulator::Settings Instrument(const std::string& model) {
   simulator::Settings settings;
@@ -29,6 +27,18 @@ std::vector<Section> SimulatedReading::Sections(char kind, const char* title) co
     return section.kind != kind || (title != nullptr && section.title != title);
   });
   return all;
+}
+
+std::string SimulatedReading::Contents(std::size_t from, bool times) const {
+  std::string contents;
+  const auto sections = Sections();
+  for (std::size_t i = from; i < sections.size(); ++i) {
+    const Section& section = sections[i];
+    if (!contents.empty()) contents += ", ";
+    contents += section.kind + (" " + section.title);
+    if (times && section.ended) contents += section.Date(0, "DT").substr(10);
+  }
+  return contents;
 }
 
 }  // namespace support

@@ -10,9 +10,6 @@
 
 namespace support {
 
-// "ТВ1 / Th": a message of two texts.
-std::string Said(const char* text1, const char* text2);
-
 // The settings of an ordinary instrument.
 simulator::Settings Instrument(const std::string& model);
 
@@ -27,6 +24,9 @@ struct SimulatedReading : Reading {
   std::vector<Section> Sections() const { return TakeApart(stream.writes); }
   // The sections of a kind with this title; all of the kind when it is null.
   std::vector<Section> Sections(char kind, const char* title = nullptr) const;
+  // Kinds and titles: "B ОВ, B ТВ1, ..."; of archives in continuous reading also the time of their
+  // row: "H ТВ2 13:00:00".
+  std::string Contents(std::size_t from = 0, bool times = false) const;
 
   simulator::older::Values values;  // what the instrument holds
 };
