@@ -35,12 +35,11 @@ TEST_CASE("every day of two centuries is one after the day before") {
 }
 
 TEST_CASE("stepping a date") {
-  struct Step {
+  const struct {
     const char* name;
     unsigned (*step)(SYSTEMTIME*);
     SYSTEMTIME from, to;
-  };
-  const Step steps[] = {
+  } steps[] = {
       {"year end by an hour", DateTimeIncH, {2016, 12, 0, 31, 23, 5}, {2017, 1, 0, 1, 0, 5}},
       {"an hour past 23", DateTimeIncH, {2016, 1, 0, 1, 40}, {2016, 1, 0, 2, 0}},
       {"into a leap day", DateTimeIncD, {2016, 2, 0, 28, 7}, {2016, 2, 0, 29, 7}},
@@ -49,7 +48,7 @@ TEST_CASE("stepping a date") {
       {"a day past the month", DateTimeIncD, {2016, 4, 0, 31}, {2016, 5, 0, 1}},
       {"a month past 12", DateTimeIncM, {2016, 14, 0, 9}, {2017, 1, 0, 9}},
   };
-  for (const Step& step : steps) {
+  for (const auto& step : steps) {
     CAPTURE(step.name);
     SYSTEMTIME date = step.from;
     CHECK(step.step(&date) == 1);
@@ -58,11 +57,7 @@ TEST_CASE("stepping a date") {
 }
 
 TEST_CASE("the instrument's date text") {
-  struct Case {
-    const char* text;
-    TAVDT date;
-  };
-  const Case cases[] = {
+  const std::pair<const char*, TAVDT> cases[] = {
       {"04-09-16 13:05:09", {2016, 9, 4, 13, 5, 9}},
       {"04.09.16/13:05:09", {2016, 9, 4, 13, 5, 9}},
       {"01.01.95 00:00:00", {1995, 1, 1, 0, 0, 0}},
@@ -70,11 +65,13 @@ TEST_CASE("the instrument's date text") {
       {"01.01.2016 00:00:00", {3916, 1, 1, 0, 0, 0}},
       {"01.01.-1 00:00:00", {1899, 1, 1, 0, 0, 0}},
       {"04.09", {2000, 9, 4, 0, 0, 0}},
+      {"04", {2000, 0, 4, 0, 0, 0}},
+      {"04.09.16x13y05z09", {2016, 9, 4, 13, 5, 9}},
   };
-  for (const Case& c : cases) {
-    CAPTURE(c.text);
-    const TAVDT date = DtUrmToTav(c.text);
-    CHECK(std::memcmp(&date, &c.date, sizeof date) == 0);
+  for (const auto& [text, expected] : cases) {
+    CAPTURE(text);
+    const TAVDT date = DtUrmToTav(text);
+    CHECK(std::memcmp(&date, &expected, sizeof date) == 0);
   }
 }
 
@@ -98,14 +95,16 @@ TEST_CASE("texts of numbers and dates") {
   CHECK(std::string(text) == "07");
   CHECK(std::string(UcToSChar(text, 4294967295UL)) == "4294967295");
 
-  struct Number {
-    const char* text;
-    double value;
-  };
-  for (const Number& n : {Number{"12.5", 12.5}, Number{"  +3e2x", 300.0}, Number{"-.25", -0.25},
-                          Number{"", 0.0}, Number{"no", 0.0}, Number{"12,5", 12.0}}) {
-    CAPTURE(n.text);
-    CHECK(AnsiToDouble(n.text) == n.value);
+  for (const auto& [number, value] : {std::pair{"12.5", 12.5},
+                                      {"  +3e2x", 300.0},
+                                      {"-.25", -0.25},
+                                      {"\t7", 7.0},
+                                      {"+-1", 0.0},
+                                      {"", 0.0},
+                                      {"no", 0.0},
+                                      {"12,5", 12.0}}) {
+    CAPTURE(number);
+    CHECK(AnsiToDouble(number) == value);
   }
 }
 
@@ -118,15 +117,12 @@ TEST_CASE("a copied piece ends where the target says, not where the copy ends") 
   CHECK(std::string(later, 8) == std::string("cdef.\0..", 8));
 }
 
-TEST_CASE("Cyrillic letters of code page 866") {
+TEST_CASE("Cyrillic letters of code page 866, and source texts in code page 1251") {
   char text[] = "\x80\x9F\xA0\xAF\xE0\xEF\xF0\xF1\xB0\xDF\xF2\xFF z";
   ConvertCharDtoW(text, -1);
   CHECK(text[0] == '\x80');
   ConvertCharDtoW(text, 12);
   CHECK(std::string(text) == "\xC0\xDF\xE0\xEF\xF0\xFF\xA8\xB8\xB0\xDF\xF2\xFF z");
-}
-
-TEST_CASE("source texts are code page 1251") {
   CHECK(std::string("Ирвела 52x ёЁ"_w) == "\xC8\xF0\xE2\xE5\xEB\xE0 52x \xB8\xA8");
 }
 

@@ -5,10 +5,7 @@
 
 #include "common/cp1251.h"
 #include "driver/record_stream.h"
-#include "driver/tkspl_drv.h"
-#include "tests/support/fake_clock.h"
-#include "tests/support/fake_port.h"
-#include "tests/support/recording_stream.h"
+#include "tests/support/reading.h"
 
 using namespace common::literals;
 using support::Bytes;
@@ -17,11 +14,7 @@ using support::operator+;
 
 namespace {
 
-struct Fixture {
-  support::RecordingStream stream;
-  support::FakePort port;
-  TKSplDrv driver{static_cast<HostStream*>(&stream), static_cast<HostPort*>(&port)};
-};
+using Fixture = support::Reading;
 
 Bytes Text(const char* text) {
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(text);
@@ -32,40 +25,42 @@ Bytes Text(const char* text) {
 
 TEST_CASE("the host's questions") {
   Fixture f;
-  char text[30];
-  struct Name {
+  const struct {
     int kind, language;
     const char* text;
-  };
-  for (const Name& name :
-       {Name{1, 9, "Irvela 52x/72x"}, Name{1, 25, "Ирвела 52x/72x"_w}, Name{2, 9, "Irvela K7"},
-        Name{2, 25, "Ирвела K7"_w}, Name{1, 7, ""}, Name{5, 9, "as it was"}}) {
-    std::strcpy(text, "as it was");
+  } names[] = {{1, 9, "Irvela 52x/72x"},
+               {1, 25, "Ирвела 52x/72x"_w},
+               {2, 9, "Irvela K7"},
+               {2, 25, "Ирвела K7"_w},
+               {1, 7, ""},
+               {5, 9, "as it was"}};
+  for (const auto& name : names) {
+    char text[30] = "as it was";
     CHECK(f.driver.GetName(name.kind, text, name.language) == 2);
     CHECK(std::string(text) == name.text);
   }
 
-  struct Baud {
+  const struct {
     int kind, index, baud;
     unsigned count;
-  };
-  for (const Baud& b : {Baud{1, 3, 2400, 1}, Baud{2, 1, 2400, 4}, Baud{2, 4, 19200, 4},
-                        Baud{2, 5, 2400, 4}, Baud{2, 0, 2400, 4}, Baud{3, 1, -7, 0}}) {
+  } bauds[] = {{1, 3, 2400, 1},  {2, 1, 2400, 4}, {2, 2, 4800, 4}, {2, 3, 9600, 4},
+               {2, 4, 19200, 4}, {2, 5, 2400, 4}, {2, 0, 2400, 4}, {3, 1, -7, 0}};
+  for (const auto& b : bauds) {
     int baud = -7;
     CHECK(f.driver.GetBaud(b.kind, b.index, &baud) == b.count);
     CHECK(baud == b.baud);
   }
 
-  for (const char letter : std::string("BEHMSTbehmst")) {
-    CHECK(f.driver.CanReadGroup(1, letter) == 1);
-    CHECK(f.driver.CanReadGroup(2, letter) == 1);
+  const std::string offered = "BEHMSTbehmst";
+  for (const char letter : offered + "PpJjAxX" + '\0') {
+    const unsigned reads = offered.find(letter) != std::string::npos ? 1 : 0;
+    CHECK(f.driver.CanReadGroup(1, letter) == reads);
+    CHECK(f.driver.CanReadGroup(2, letter) == reads);
     CHECK(f.driver.CanReadGroup(3, letter) == 0);
   }
-  for (const char letter : std::string("PpJjAxX") + '\0')
-    CHECK(f.driver.CanReadGroup(1, letter) == 0);
 
   int limit = 0;
-  CHECK(f.driver.GetNumberLimit(9, 'N', &limit) == 1);
+  for (const int kind : {1, 2, 9}) CHECK(f.driver.GetNumberLimit(kind, 'N', &limit) == 1);
   CHECK(limit == 255);
   CHECK(f.driver.GetNumberLimit(1, 'n', &limit) == 0);
 }

@@ -27,25 +27,20 @@ std::string DateText(const simulator::ClockTime& t) {
   return text;
 }
 
-// Letters of the Russian alphabet and ASCII.
-std::string ToPage1251(const std::string& utf8) {
-  std::string text;
+// UTF-8 of Russian letters and ASCII in code page 1251, padded.
+Bytes Characters(const std::string& utf8, std::size_t width, std::uint8_t padding) {
+  Bytes text;
   for (std::size_t i = 0; i < utf8.size(); ++i) {
     const auto lead = static_cast<unsigned char>(utf8[i]);
-    if (lead < 0x80) {
-      text += utf8[i];
-      continue;
+    unsigned letter = lead;
+    if (lead >= 0x80) {
+      letter = ((lead & 0x1FU) << 6) | (static_cast<unsigned char>(utf8[++i]) & 0x3FU);
+      letter = letter == 0x401 ? 0xA8 : letter - 0x350;
     }
-    const unsigned point = ((lead & 0x1FU) << 6) | (static_cast<unsigned char>(utf8[++i]) & 0x3FU);
-    text += static_cast<char>(point == 0x401 ? 0xA8 : point == 0x451 ? 0xB8 : point - 0x350);
+    text.push_back(static_cast<std::uint8_t>(letter));
   }
-  return text;
-}
-
-Bytes Characters(const std::string& utf8, std::size_t width, char padding) {
-  std::string text = ToPage1251(utf8);
   text.resize(width, padding);
-  return {text.begin(), text.end()};
+  return text;
 }
 
 // A time of day, a date or a day of the year.
@@ -66,7 +61,7 @@ void CheckDatabase(const Section& section, const simulator::older::Values& value
     const std::string text = values.ParameterText(system, column.name);
     if (column.type == 'c') {
       CHECK(section.Cell(0, column.name) ==
-            Characters(text, static_cast<std::size_t>(column.width), '\0'));
+            Characters(text, static_cast<std::size_t>(column.width), 0));
     } else if (column.type == 't') {
       CHECK(section.Date(0, column.name) == ParameterDate(column.name, text));
     } else {

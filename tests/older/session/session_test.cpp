@@ -65,33 +65,6 @@ TEST_CASE("identification replies") {
   }
 }
 
-TEST_CASE("identification with attempts, read twice for any double reading") {
-  const struct {
-    const char* replies;  // + identified, - not
-    int doubleReading;
-    bool done;
-  } cases[] = {{"-+", 0, true}, {"---", 0, false}, {"-++", 1, true}, {"+---", 2, false}};
-  for (const auto& c : cases) {
-    CAPTURE(c.replies);
-    support::Reading reading;
-    reading.Parameter(1, 3);
-    reading.Parameter(2, c.doubleReading);
-    older::TKSplImpl state(reading.driver, older::kIdentities);
-    std::vector<std::string> expected;
-    const char* next = c.replies;
-    reading.port.answer = [&](const Bytes& written) {
-      if (written.size() != 9) return Bytes{};
-      if (*next++ == '+') return Identification('T', 0x29, 3);
-      expected.emplace_back("Read 0 / Error Version");
-      expected.push_back(std::to_string(expected.size() / 2 + 1) + " / PopitkaInit");
-      return Bytes{};
-    };
-    CHECK(older::IdentifyWithAttempts(state, 0) == c.done);
-    CHECK(*next == '\0');
-    CHECK(reading.stream.messages == expected);
-  }
-}
-
 TEST_CASE("an identification that cannot be asked for") {
   support::Reading reading;
   older::TKSplImpl state(reading.driver, older::kIdentities);
