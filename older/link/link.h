@@ -21,7 +21,7 @@ class Link {
   explicit Link(TavDrvV1& driver) : driver_(driver) {}
 
   // The burst of 0xFF that wakes an instrument, and the pause in which it gets ready. What the port
-  // answers to it does not matter.
+  // returns does not matter.
   void WakeUp();
 
   // kNone or kWrite.
@@ -31,7 +31,7 @@ class Link {
   // echoed function and the end byte are not looked at: intended.
   ExchangeError ReadReply(std::span<std::uint8_t> data);
 
-  // Reads count bytes as they come (at most 255) and answers how many came; they stand in Received.
+  // Reads count bytes as they come (at most 255) and returns how many came; they stand in Received.
   int ReadPlain(unsigned count);
   std::span<std::uint8_t> Received() { return reply_; }
 

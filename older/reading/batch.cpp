@@ -25,13 +25,6 @@ void TellClock(TKSplImpl& reader) {
              "DT");
 }
 
-bool ReadBlockOrTell(TKSplImpl& reader, const Block& block, int system,
-                     std::span<std::uint8_t> record) {
-  const ReadResult result = block.read(reader, block, system, record);
-  if (!result.done) TellError(reader, result.error, block.failure);
-  return result.done;
-}
-
 void TellMode(TKSplImpl& reader, std::uint32_t mode, int system) {
   reader.SayNumber(mode, common::Format("Regim%d", system));
 }

@@ -29,6 +29,9 @@ ReadPart HeatSystem(const Model& model, int system);
 bool ReadClockOrTell(TKSplImpl& reader);
 // The number of the error and what failed.
 void TellError(TKSplImpl& reader, ExchangeError error, const char* subject);
+// Reads a block and tells its failure.
+bool ReadBlockOrTell(TKSplImpl& reader, const Block& block, int system,
+                     std::span<std::uint8_t> record);
 // Opens the session of a heat system; false when it did not answer.
 bool OpenSystem(TKSplImpl& reader, int system);
 void TellSystemNotOpened(TKSplImpl& reader, int system);

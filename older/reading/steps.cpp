@@ -24,6 +24,13 @@ void TellError(TKSplImpl& reader, ExchangeError error, const char* subject) {
   reader.SayNumber(static_cast<unsigned long>(error), subject);
 }
 
+bool ReadBlockOrTell(TKSplImpl& reader, const Block& block, int system,
+                     std::span<std::uint8_t> record) {
+  const ReadResult result = block.read(reader, block, system, record);
+  if (!result.done) TellError(reader, result.error, block.failure);
+  return result.done;
+}
+
 bool OpenSystem(TKSplImpl& reader, int system) {
   return IdentifyWithAttempts(reader, static_cast<std::uint8_t>(system));
 }
@@ -65,29 +72,32 @@ bool ReadDatabaseSection(TKSplImpl& reader, const ReadPart& part, const Database
   return true;
 }
 
-bool ReadOperative(TKSplImpl& reader, const ReadPart& part, const char* title) {
-  std::array<std::uint8_t, kLargestOperative> buffer{};
-  const OperativeSection& section = part.model.operative;
-  std::size_t offset = 0;
-  for (const Block& block : section.blocks) {
-    const auto record = std::span(buffer).subspan(offset, RecordSize(block.columns));
-    const ReadResult result = block.read(reader, block, part.system, record);
-    if (!result.done) {
-      TellError(reader, result.error, block.failure);
-      return false;
-    }
-    offset += record.size();
-  }
+namespace {
 
+void WriteOperative(TKSplImpl& reader, const ReadPart& part, const char* title,
+                    std::span<const std::uint8_t> record) {
+  const OperativeSection& section = part.model.operative;
   reader.out.Title(TitleKind::kCurrent, title, reader.InstrumentClock);
   reader.out.Layout(section.layout, part.model.units(reader, part.system), ColumnCount::kAnnounced);
   reader.out.RowMarker();
-  offset = 0;
   for (const Block& block : section.blocks) {
     const std::size_t size = RecordSize(block.columns);
-    reader.out.Data(std::span(buffer).subspan(offset, size));
-    offset += size;
+    reader.out.Data(record.first(size));
+    record = record.subspan(size);
   }
+}
+
+}  // namespace
+
+bool ReadOperative(TKSplImpl& reader, const ReadPart& part, const char* title) {
+  std::array<std::uint8_t, kLargestOperative> buffer{};
+  std::span<std::uint8_t> rest = buffer;
+  for (const Block& block : part.model.operative.blocks) {
+    const std::size_t size = RecordSize(block.columns);
+    if (!ReadBlockOrTell(reader, block, part.system, rest.first(size))) return false;
+    rest = rest.subspan(size);
+  }
+  WriteOperative(reader, part, title, buffer);
   return !reader.out.Refused();
 }
 

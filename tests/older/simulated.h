@@ -18,7 +18,7 @@ simulator::Settings Instrument(const std::string& model);
 struct SimulatedReading : Reading {
   explicit SimulatedReading(const simulator::Settings& settings, const std::string& groups = "");
 
-  // Requests that this answers with true get no reply.
+  // Requests for which this returns true get no reply.
   void Lose(std::function<bool(const Bytes& request)> lost);
   void Range(const SYSTEMTIME& from, const SYSTEMTIME& to) { driver.SetupDateTime(from, to); }
   std::vector<Section> Sections() const { return TakeApart(stream.writes); }
