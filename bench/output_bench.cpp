@@ -9,7 +9,7 @@
 #include "driver/record_stream.h"
 #include "driver/tkspl_drv.h"
 #include "host/output/csv_folder.h"
-#include "host/stream/decoder.h"
+#include "host/reading/receiver.h"
 
 namespace {
 
@@ -67,9 +67,11 @@ void DecoderAndCsv(benchmark::State& state) {
   for ([[maybe_unused]] auto _ : state) {
     std::filesystem::remove_all(folder);
     host::CsvFolder csv(folder);
-    host::Decoder decoder(csv);
-    for (const auto& piece : pieces) decoder.Take(piece);
-    decoder.Finish();
+    host::Receiver receiver(csv);
+    for (const auto& piece : pieces) {
+      receiver.Write(piece.data(), static_cast<unsigned>(piece.size()));
+    }
+    receiver.Finish();
   }
   std::filesystem::remove_all(folder);
   state.SetItemsProcessed(state.iterations() * kRows);

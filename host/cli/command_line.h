@@ -5,35 +5,15 @@
 #include <string>
 #include <vector>
 
-#include "host/output/format.h"
-#include "host/reading/reading.h"
+#include "host/cli/read_options.h"
+#include "host/output/sinks.h"
 #include "simulator/simulator.h"
 
 namespace host {
 
-struct DisplayOptions {
-  Format format = Format::kTable;
-  std::size_t rows = 10;  // of a section in a table; 0: all
-};
-
-struct ReadOptions {
-  // Exactly one of the three is set.
-  std::string port;
-  std::string tcp;  // HOST:PORT
-  bool simulate = false;
-  simulator::Settings simulated;
-  ReadSettings settings;
-  DisplayOptions display;
-  std::string out;     // folder, or empty
-  std::string raw;     // file, or empty
-  std::string driver;  // of the DLL, or empty
-  bool verbose = false;
-};
-
 struct DecodeOptions {
   std::string file;
-  std::string out;  // folder, or empty
-  DisplayOptions display;
+  SinkOptions sinks;
 };
 
 struct SimulateOptions {

@@ -1,4 +1,4 @@
-// What each command does. They answer the exit code and throw std::exception with one sentence when
+// What each command does. They return the exit code and throw std::exception with one sentence when
 // they fail.
 #pragma once
 

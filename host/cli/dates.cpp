@@ -1,10 +1,13 @@
 #include "host/cli/dates.h"
 
+#include <fmt/format.h>
+
 #include <charconv>
 #include <chrono>
-#include <ctime>
 #include <string_view>
 #include <tuple>
+
+#include "host/reading/settings.h"
 
 namespace host {
 namespace {
@@ -78,17 +81,10 @@ std::optional<SYSTEMTIME> ParseDate(const std::string& text, Bound bound) {
   return time;
 }
 
-SYSTEMTIME LocalNow() {
-  const std::time_t now = std::time(nullptr);
-  const std::tm& local = *std::localtime(&now);
-  SYSTEMTIME time{};
-  time.wYear = static_cast<unsigned short>(local.tm_year + 1900);
-  time.wMonth = static_cast<unsigned short>(local.tm_mon + 1);
-  time.wDay = static_cast<unsigned short>(local.tm_mday);
-  time.wHour = static_cast<unsigned short>(local.tm_hour);
-  time.wMinute = static_cast<unsigned short>(local.tm_min);
-  time.wSecond = static_cast<unsigned short>(local.tm_sec);
-  return time;
+SYSTEMTIME RequireDate(const char* option, const std::string& text, Bound bound) {
+  if (const auto date = ParseDate(text, bound)) return *date;
+  throw UsageError(
+      fmt::format("{} {}: a date looks like 2016-09-04 or \"2016-09-04 13:00\"", option, text));
 }
 
 SYSTEMTIME DaysBefore(const SYSTEMTIME& time, int days) {

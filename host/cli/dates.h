@@ -14,7 +14,8 @@ enum class Bound { kFrom, kTo };
 // first second for kFrom and its last one for kTo. Nothing when it is no date.
 std::optional<SYSTEMTIME> ParseDate(const std::string& text, Bound bound);
 
-SYSTEMTIME LocalNow();
+// The same; throws UsageError that names the option when it is no date.
+SYSTEMTIME RequireDate(const char* option, const std::string& text, Bound bound);
 
 // 0:00 of the day that lies so many days before.
 SYSTEMTIME DaysBefore(const SYSTEMTIME& time, int days);

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "host/cli/commands.h"
+#include "host/system/exit_codes.h"
 #include "host/system/files.h"
 
 namespace host {
@@ -54,7 +55,7 @@ int ListModels() {
     text += Line(fault);
   }
   WriteStandardOutput(text);
-  return 0;
+  return kSuccess;
 }
 
 }  // namespace host

@@ -4,12 +4,12 @@
 #include <exception>
 
 #include "host/cli/commands.h"
-#include "host/cli/exit_codes.h"
+#include "host/system/exit_codes.h"
 
 namespace host {
 namespace {
 
-int Run(const CommandLine& line) {
+int RunCommand(const CommandLine& line) {
   switch (line.command) {
     case Command::kRead:
       return Read(line.read);
@@ -22,7 +22,7 @@ int Run(const CommandLine& line) {
     case Command::kNone:
       break;
   }
-  fmt::print(line.exitCode == kRead ? stdout : stderr, "{}", line.message);
+  fmt::print(line.exitCode == kSuccess ? stdout : stderr, "{}", line.message);
   return line.exitCode;
 }
 
@@ -30,7 +30,7 @@ int Run(const CommandLine& line) {
 
 int RunProgram(const std::vector<std::string>& arguments) {
   try {
-    return Run(ParseCommandLine(arguments));
+    return RunCommand(ParseCommandLine(arguments));
   } catch (const UsageError& error) {
     fmt::print(stderr, "irvela: {}\n", error.what());
     return kWrongUsage;

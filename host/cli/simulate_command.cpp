@@ -5,8 +5,8 @@
 #include <thread>
 
 #include "host/cli/commands.h"
-#include "host/cli/exit_codes.h"
 #include "host/system/console.h"
+#include "host/system/exit_codes.h"
 #include "host/system/files.h"
 
 namespace host {
@@ -20,7 +20,7 @@ int Simulate(const SimulateOptions& options) {
   WriteStandardOutput(fmt::format("model {} number {} answers at {}\n", settings.model,
                                   settings.number, served->Address()));
   while (!Interrupted()) std::this_thread::sleep_for(std::chrono::milliseconds(100));
-  return kRead;
+  return kSuccess;
 }
 
 }  // namespace host

@@ -1,6 +1,6 @@
 #include "host/output/csv.h"
 
-#include "host/stream/cell.h"
+#include <string_view>
 
 namespace host {
 namespace {
@@ -13,7 +13,8 @@ void Separate(std::string& out, bool& first) {
 }  // namespace
 
 void AppendCsvField(std::string& out, const std::string& text) {
-  if (text.find_first_of(",\"\r\n") == std::string::npos) {
+  constexpr std::string_view kSpecial = ",\"\r\n";
+  if (text.find_first_of(kSpecial) == std::string::npos) {
     out += text;
     return;
   }
@@ -34,7 +35,9 @@ std::string ColumnHeading(const Column& column) {
   return heading;
 }
 
-bool RowsTakeTitleTime(const Section& section) { return section.title.kind == 'O'; }
+bool RowsTakeTitleTime(const Section& section) {
+  return section.title.kind == tav::TitleKind::kCurrent;
+}
 
 void AppendCsvHeader(std::string& out, const Section& section) {
   bool first = true;
@@ -53,15 +56,19 @@ void AppendCsvHeader(std::string& out, const Section& section) {
   out += '\n';
 }
 
-void AppendCsvRow(std::string& out, const Section& section, ByteView row) {
+void AppendCsvRow(std::string& out, const Section& section, const Cells& cells) {
   bool first = true;
   if (RowsTakeTitleTime(section)) {
     Separate(out, first);
-    out += DateText(section.title.time);
+    AppendDate(out, section.title.time);
   }
-  for (const Cell& cell : DecodeRow(section, row)) {
+  for (const Cell& cell : cells) {
     Separate(out, first);
-    AppendCsvField(out, CellText(cell));
+    if (const auto* text = std::get_if<std::string>(&cell)) {
+      AppendCsvField(out, *text);
+    } else {
+      AppendCell(out, cell);  // numbers and dates have nothing to quote
+    }
   }
   out += '\n';
 }

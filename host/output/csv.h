@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "host/stream/cell.h"
 #include "host/stream/section.h"
 
 namespace host {
@@ -13,7 +14,7 @@ void AppendCsvField(std::string& out, const std::string& text);
 // Current values have no time of their own: their first column "clock" is the instrument's clock
 // from the title. The header gets a last column when rows carry more than the columns describe.
 void AppendCsvHeader(std::string& out, const Section& section);
-void AppendCsvRow(std::string& out, const Section& section, ByteView row);
+void AppendCsvRow(std::string& out, const Section& section, const Cells& cells);
 
 // "t1, 'C": what heads the column.
 std::string ColumnHeading(const Column& column);

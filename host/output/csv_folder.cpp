@@ -5,14 +5,13 @@
 #include <utility>
 
 #include "host/output/csv.h"
-#include "host/stream/cell.h"
 #include "host/stream/code_page.h"
-#include "host/system/files.h"
 
 namespace host {
 namespace {
 
-constexpr const char* kIndex = "index.csv";
+// A process may not hold any number of files open.
+constexpr std::size_t kMostUnwritten = 50;
 
 std::string FileName(std::size_t number, const Section& section) {
   const std::string slug = AsciiSlug(section.title.section);
@@ -20,56 +19,64 @@ std::string FileName(std::size_t number, const Section& section) {
                      slug.empty() ? "" : "-", slug);
 }
 
-}  // namespace
-
-CsvFolder::CsvFolder(std::filesystem::path folder) : folder_(std::move(folder)) {
-  std::error_code error;
-  std::filesystem::create_directories(folder_, error);
-  Open(kIndex, false);
-  Put("file,kind,section,model,version,number,clock\n");
-}
-
-void CsvFolder::Open(const std::string& name, bool append) {
-  if (file_.is_open()) file_.close();
-  path_ = folder_ / name;
-  file_.clear();
-  file_.open(path_, append ? std::ios::binary | std::ios::app : std::ios::binary | std::ios::trunc);
-  if (!file_) throw FileError("write", path_);
-}
-
-void CsvFolder::Put(const std::string& text) {
-  file_ << text << std::flush;
-  if (!file_) throw FileError("write", path_);
-}
-
-void CsvFolder::AddToIndex(const std::string& name, const Section& section) {
+std::string IndexLine(const std::string& file, const Section& section) {
   const Title& title = section.title;
-  std::string line = name;
+  std::string line = file;
   for (const std::string& text : {std::string(KindName(title.kind)), title.section, title.model,
                                   title.version, title.number, DateText(title.time)}) {
     line += ',';
     AppendCsvField(line, text);
   }
-  Open(kIndex, true);
-  Put(line + '\n');
+  return line + '\n';
 }
 
-void CsvFolder::Begin(const Section& section) {
+}  // namespace
+
+CsvFolder::CsvFolder(std::filesystem::path folder) : folder_(std::move(folder)) {
+  std::error_code error;
+  std::filesystem::create_directories(folder_, error);
+  index_ = Begin("index.csv", "file,kind,section,model,version,number,clock\n");
+}
+
+CsvFolder::File CsvFolder::Begin(const std::string& name, const std::string& heading) const {
+  auto file = std::make_unique<OutputFile>(folder_ / name);
+  file->Append(heading);
+  file->Close();
+  return file;
+}
+
+OutputFile& CsvFolder::AddFile(const Section& section, const std::string& heading) {
+  const std::string name = FileName(files_.size() + 1, section);
+  index_->Append(IndexLine(name, section));
+  unwritten_.push_back(index_.get());
+  File& file = files_[SectionKey(section) + heading];
+  file = Begin(name, heading);
+  return *file;
+}
+
+void CsvFolder::BeginSection(const Section& section) {
+  if (unwritten_.size() > kMostUnwritten) Keep();
   std::string heading;
   AppendCsvHeader(heading, section);
-  const std::string key = section.title.kind + section.title.section + '\n' + heading;
-  const auto [place, isNew] = names_.try_emplace(key, FileName(names_.size() + 1, section));
-  if (isNew) AddToIndex(place->second, section);
-  Open(place->second, !isNew);
-  if (isNew) Put(heading);
+  const auto known = files_.find(SectionKey(section) + heading);
+  file_ = known == files_.end() ? &AddFile(section, heading) : known->second.get();
 }
 
-void CsvFolder::AddRow(const Section& section, ByteView row) {
-  std::string line;
-  AppendCsvRow(line, section, row);
-  Put(line);
+void CsvFolder::AddRow(const Section& section, const Cells& cells) {
+  if (!file_->HasPending()) unwritten_.push_back(file_);
+  line_.clear();
+  AppendCsvRow(line_, section, cells);
+  file_->Append(line_);
 }
 
-void CsvFolder::End(const Section&) { file_.close(); }
+void CsvFolder::Keep() {
+  while (!unwritten_.empty()) {
+    OutputFile* file = unwritten_.back();
+    unwritten_.pop_back();
+    file->Close();
+  }
+}
+
+void CsvFolder::EndRun(const RunEnd&) { Keep(); }
 
 }  // namespace host

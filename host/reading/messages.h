@@ -1,4 +1,4 @@
-// What the driver's messages mean to a person. A message is two texts: detail and subject.
+// What the driver's messages mean to a person.
 #pragma once
 
 #include <optional>
@@ -10,6 +10,7 @@ namespace host {
 struct Message {
   std::string detail;   // UTF-8
   std::string subject;  // UTF-8
+  unsigned code = 0;    // tav::kNewValues, or 0
 };
 
 // What the reading's last message says; it comes once the driver's thread is done.

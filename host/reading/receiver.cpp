@@ -6,31 +6,11 @@
 
 namespace host {
 
-void Broadcast::Begin(const Section& section) {
-  ++sections_;
-  for (SectionListener* listener : listeners_) listener->Begin(section);
-}
-
-void Broadcast::AddRow(const Section& section, ByteView row) {
-  ++rows_;
-  for (SectionListener* listener : listeners_) listener->AddRow(section, row);
-}
-
-void Broadcast::End(const Section& section) {
-  for (SectionListener* listener : listeners_) listener->End(section);
-}
-
-bool Receiver::Message(const char* text1, const char* text2, unsigned /*code*/) {
+template <class Action>
+bool Receiver::TellListener(Action action) {
+  const std::lock_guard lock(telling_);
   try {
-    const host::Message message{Utf8FromCp1251(text1), Utf8FromCp1251(text2)};
-    // Whatever fails below, the end of the reading must not be missed.
-    Learn(message);
-    const bool hasText = !message.detail.empty() || !message.subject.empty();
-    if (verbose_ && hasText) progress_.Print(Describe(message));
-    if (!refused_) {
-      decoder_.Pause();
-      if (raw_ != nullptr) raw_->Flush();
-    }
+    action();
     return true;
   } catch (const std::exception& error) {
     Refuse(error.what());
@@ -38,11 +18,25 @@ bool Receiver::Message(const char* text1, const char* text2, unsigned /*code*/) 
   }
 }
 
+bool Receiver::Message(const char* text1, const char* text2, unsigned code) {
+  return TellListener([&] {
+    const host::Message message{Utf8FromCp1251(text1), Utf8FromCp1251(text2), code};
+    // Whatever fails below, the end of the reading must not be missed.
+    Learn(message);
+    if (!refused_) decoder_.Pause();
+    listener_.Tell(message);
+  });
+}
+
 void Receiver::Learn(const host::Message& message) {
   const std::lock_guard lock(mutex_);
-  if (const auto step = StepName(message)) status_.step = *step;
-  if (const auto date = RecordDate(message)) {
-    status_.step = status_.step.substr(0, status_.step.find(": ")) + ": " + *date;
+  if (auto date = RecordDate(message)) {
+    record_ = std::move(*date);
+    return;
+  }
+  if (auto step = StepName(message)) {
+    step_ = std::move(*step);
+    record_.clear();
   }
   if (const auto result = ReadingResult(message)) {
     status_.succeeded = *result;
@@ -56,22 +50,30 @@ void Receiver::Learn(const host::Message& message) {
 }
 
 bool Receiver::Write(const void* data, unsigned length) {
-  try {
-    if (refused_) return false;
+  if (refused_) return false;
+  return TellListener([&] {
     const ByteView piece(static_cast<const unsigned char*>(data), length);
-    if (raw_ != nullptr) raw_->Append(piece);
+    listener_.AddPiece(piece);
     decoder_.Take(piece);
-    return true;
-  } catch (const std::exception& error) {
-    Refuse(error.what());
-    return false;
-  }
+  });
 }
 
 void Receiver::Refuse(const std::string& reason) {
   const std::lock_guard lock(mutex_);
   if (status_.refusal.empty()) status_.refusal = reason;
   refused_ = true;
+}
+
+void Receiver::Pulse(int percent) {
+  Progress progress{percent, {}};
+  {
+    const std::lock_guard lock(mutex_);
+    progress.step = record_.empty() ? step_ : step_ + ": " + record_;
+  }
+  TellListener([&] {
+    if (!refused_) listener_.Keep();
+    listener_.ShowProgress(progress);
+  });
 }
 
 ReceiverStatus Receiver::Status() const {
@@ -84,12 +86,12 @@ bool Receiver::WaitForEnd(std::chrono::milliseconds limit) {
   return ended_.wait_for(lock, limit, [&] { return status_.ended; });
 }
 
-std::size_t Receiver::Finish() {
-  if (!refused_) {
-    decoder_.Finish();
-    if (raw_ != nullptr) raw_->Flush();
+StreamCounts Receiver::Finish() {
+  // What the listener threw at is not told again, so this goes on to the end of the section.
+  while (!TellListener([&] { decoder_.Finish(); })) {
   }
-  return decoder_.Ignored();
+  if (!refused_) TellListener([&] { listener_.Keep(); });
+  return decoder_.Counts();
 }
 
 }  // namespace host

@@ -1,8 +1,7 @@
 #include "host/stream/cell.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -42,71 +41,116 @@ std::string FieldText(ByteView bytes) {
 }
 
 template <class Number>
-std::string ShortestText(Number value) {
-  if (std::isnan(value)) return "nan";
-  char buffer[64];
-  const auto end = std::to_chars(std::begin(buffer), std::end(buffer), value).ptr;
-  return {buffer, end};
+void AppendNumber(std::string& out, Number value) {
+  std::array<char, 64> buffer;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
+  out.append(buffer.data(), end);
 }
 
-struct TextOf {
-  std::string operator()(std::monostate) const { return {}; }
-  std::string operator()(std::uint32_t value) const { return std::to_string(value); }
-  std::string operator()(float value) const { return NumberText(value); }
-  std::string operator()(double value) const { return NumberText(value); }
-  std::string operator()(const TAVDT& value) const { return DateText(value); }
-  std::string operator()(const std::string& value) const { return value; }
+template <class Float>
+void AppendFloat(std::string& out, Float value) {
+  if (std::isnan(value)) {
+    out += "nan";  // without a sign
+  } else {
+    AppendNumber(out, value);
+  }
+}
+
+// With zeros in front, at least so many digits.
+void AppendDigits(std::string& out, unsigned value, std::size_t least) {
+  const std::size_t begin = out.size();
+  AppendNumber(out, value);
+  const std::size_t digits = out.size() - begin;
+  if (digits < least) out.insert(begin, least - digits, '0');
+}
+
+void AppendPair(std::string& out, unsigned first, char between, unsigned second) {
+  AppendDigits(out, first, 2);
+  out += between;
+  AppendDigits(out, second, 2);
+}
+
+void AppendTimeOfDay(std::string& out, const TAVDT& time) {
+  AppendPair(out, time.hour, ':', time.minute);
+  out += ':';
+  AppendDigits(out, time.second, 2);
+}
+
+struct Appender {
+  std::string& out;
+
+  void operator()(std::monostate) const {}
+  void operator()(std::uint32_t value) const { AppendNumber(out, value); }
+  void operator()(float value) const { AppendFloat(out, value); }
+  void operator()(double value) const { AppendFloat(out, value); }
+  void operator()(const TAVDT& value) const { AppendDate(out, value); }
+  void operator()(const std::string& value) const { out += value; }
 };
 
 }  // namespace
 
 std::string HexText(ByteView bytes) {
+  constexpr const char* kDigits = "0123456789ABCDEF";
   std::string text = "0x";
-  for (const unsigned char byte : bytes) text += fmt::format("{:02X}", byte);
+  for (const unsigned char byte : bytes) {
+    text += kDigits[byte >> 4U];
+    text += kDigits[byte & 0xFU];
+  }
   return text;
 }
 
-std::string NumberText(float value) { return ShortestText(value); }
-std::string NumberText(double value) { return ShortestText(value); }
-
-std::string DateText(const TAVDT& time) {
-  const unsigned year = time.year, month = time.month, day = time.day;
-  std::string clock = fmt::format("{:02}:{:02}:{:02}", time.hour, time.minute, time.second);
-  if (year <= 1 && month <= 1 && day <= 1) return clock;
-  if (year <= 1 && clock == "00:00:00") return fmt::format("{:02}-{:02}", month, day);
-  return fmt::format("{:04}-{:02}-{:02} {}", year, month, day, clock);
+void AppendDate(std::string& out, const TAVDT& time) {
+  const bool noYear = time.year <= 1;
+  if (noYear && time.month <= 1 && time.day <= 1) return AppendTimeOfDay(out, time);
+  if (noYear && time.hour == 0 && time.minute == 0 && time.second == 0) {
+    return AppendPair(out, time.month, '-', time.day);
+  }
+  AppendDigits(out, time.year, 4);
+  out += '-';
+  AppendPair(out, time.month, '-', time.day);
+  out += ' ';
+  AppendTimeOfDay(out, time);
 }
 
-std::string CellText(const Cell& cell) { return std::visit(TextOf{}, cell); }
+std::string DateText(const TAVDT& time) {
+  std::string text;
+  AppendDate(text, time);
+  return text;
+}
+
+void AppendCell(std::string& out, const Cell& cell) { std::visit(Appender{out}, cell); }
+
+std::string CellText(const Cell& cell) {
+  std::string text;
+  AppendCell(text, cell);
+  return text;
+}
 
 Cell DecodeCell(const Column& column, ByteView bytes) {
   const std::size_t width = bytes.size();
   switch (column.type) {
-    case 'f':
+    case tav::Type::kFloat:
       if (width == sizeof(float)) return Load<float>(bytes);
       break;
-    case 'd':
+    case tav::Type::kDouble:
       if (width == sizeof(double)) return Load<double>(bytes);
       break;
-    case 'L':
-    case 'S':
-    case 'B':
-      if (width > 0 && width <= sizeof(std::uint32_t)) return LoadUnsigned(bytes);
+    case tav::Type::kInt32:
+    case tav::Type::kInt16:
+    case tav::Type::kByte:
+      if (width <= sizeof(std::uint32_t)) return LoadUnsigned(bytes);
       break;
-    case 't':
+    case tav::Type::kDateTime:
       if (width == sizeof(TAVDT)) return Load<TAVDT>(bytes);
       break;
-    case 'c':
+    case tav::Type::kChars:
       return FieldText(bytes);
-    default:
-      break;
   }
   return HexText(bytes);
 }
 
-std::vector<Cell> DecodeRow(const Section& section, ByteView row) {
-  std::vector<Cell> cells;
-  cells.reserve(section.columns.size() + 1);
+void DecodeRow(const Section& section, ByteView row, Cells& cells) {
+  cells.clear();
   std::size_t at = 0;
   for (const Column& column : section.columns) {
     const bool whole = row.size() - at >= column.width;
@@ -115,7 +159,6 @@ std::vector<Cell> DecodeRow(const Section& section, ByteView row) {
     at = whole ? at + column.width : row.size();
   }
   if (at < row.size()) cells.emplace_back(HexText(row.subspan(at)));
-  return cells;
 }
 
 }  // namespace host

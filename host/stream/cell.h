@@ -1,8 +1,7 @@
 // The values of a row.
 //
-// Types and their widths: f 4-byte and d 8-byte float, L 4-byte, S 2-byte and B 1-byte unsigned
-// integer, all little-endian; t a 7-byte TAVDT; c characters of any width. A column of another type
-// or width gives its bytes in hexadecimal.
+// Numbers are little-endian, characters may be of any width. A column of an unknown type, or of a
+// width that its type does not have, gives its bytes in hexadecimal.
 #pragma once
 
 #include <cstdint>
@@ -16,23 +15,23 @@ namespace host {
 
 // Nothing: the row was cut short before this value.
 using Cell = std::variant<std::monostate, std::uint32_t, float, double, TAVDT, std::string>;
+using Cells = std::vector<Cell>;
 
 // bytes holds exactly the column's width.
 Cell DecodeCell(const Column& column, ByteView bytes);
 
 // One cell per column, and one more with the bytes in hexadecimal that no column describes.
-std::vector<Cell> DecodeRow(const Section& section, ByteView row);
+void DecodeRow(const Section& section, ByteView row, Cells& cells);
 
-// Shortest text that gives the same number again, the same on every system.
-std::string NumberText(float value);
-std::string NumberText(double value);
+// Numbers take the shortest text that gives the same number again, the same on every system;
+// nothing appends nothing.
+void AppendCell(std::string& out, const Cell& cell);
+std::string CellText(const Cell& cell);
 
 // "2016-09-04 13:05:09". What the instrument keeps without a year has year 1: a time of day gives
 // "13:05:09", a day of the year "09-04".
+void AppendDate(std::string& out, const TAVDT& time);
 std::string DateText(const TAVDT& time);
-
-// Empty for nothing.
-std::string CellText(const Cell& cell);
 
 // "0x00FF".
 std::string HexText(ByteView bytes);

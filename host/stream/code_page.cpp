@@ -63,7 +63,7 @@ void AppendSlugCharacter(std::string& out, char character) {
 
 std::string Utf8FromCp1251(std::string_view text) {
   std::string out;
-  out.reserve(text.size() * 2);
+  out.reserve(text.size());
   for (const char character : text)
     AppendUtf8(out, CodePoint(static_cast<unsigned char>(character)));
   return out;

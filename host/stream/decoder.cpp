@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstring>
-#include <string_view>
 #include <utility>
 
 #include "host/stream/code_page.h"
@@ -14,20 +13,16 @@ constexpr std::size_t kText = RecordReader::kText;
 constexpr std::array<std::size_t, 6> kTitleFields = {1, kText, kText, kText, kText, sizeof(TAVDT)};
 constexpr std::array<std::size_t, 7> kHeaderFields = {kText, 1, 1, kText, 1, kText, kText};
 
-constexpr std::string_view kTitleKinds = "OHDMSB";
-constexpr unsigned char kRowMarker = 'g';
-constexpr unsigned char kEndMarker = 's';
-
 std::string TextOf(const Bytes& value) {
   return Utf8FromCp1251({reinterpret_cast<const char*>(value.data()), value.size()});
 }
 
-bool IsTitleKind(unsigned char byte) {
-  return kTitleKinds.find(static_cast<char>(byte)) != std::string_view::npos;
+bool IsMarker(ByteView piece, char marker) {
+  return piece.size() == 1 && piece[0] == static_cast<unsigned char>(marker);
 }
 
 Title TitleOf(const std::vector<Bytes>& values) {
-  Title title{static_cast<char>(values[0][0]),
+  Title title{static_cast<tav::TitleKind>(values[0][0]),
               TextOf(values[1]),
               TextOf(values[2]),
               TextOf(values[3]),
@@ -38,8 +33,8 @@ Title TitleOf(const std::vector<Bytes>& values) {
 }
 
 Column ColumnOf(const std::vector<Bytes>& values) {
-  return {TextOf(values[0]), static_cast<char>(values[1][0]), values[2][0],
-          TextOf(values[3]), static_cast<char>(values[4][0]), TextOf(values[5]),
+  return {TextOf(values[0]), static_cast<tav::Type>(values[1][0]), values[2][0],
+          TextOf(values[3]), static_cast<tav::Role>(values[4][0]), TextOf(values[5]),
           TextOf(values[6])};
 }
 
@@ -84,19 +79,30 @@ void Decoder::TakeRecordPiece(ByteView piece) {
   const RecordReader::Progress progress = record_.Take(piece);
   if (progress == RecordReader::Progress::kMore) return;
   if (progress == RecordReader::Progress::kBroken) return GiveUpRecord();
+  TakeRecord();
+  state_ = State::kColumns;
+}
+
+void Decoder::TakeRecord() {
   if (state_ == State::kTitle) {
     section_ = {TitleOf(record_.Values()), {}, {}};
+    rowWidth_ = 0;
     begun_ = false;
-  } else {
-    section_.columns.push_back(ColumnOf(record_.Values()));
+    return;
   }
-  state_ = State::kColumns;
+  Column column = ColumnOf(record_.Values());
+  if (column.width == 0 || section_.columns.size() == kMostColumns) {
+    ++counts_.ignored;
+    return;
+  }
+  rowWidth_ += column.width;
+  section_.columns.push_back(std::move(column));
 }
 
 // The first piece did not begin a record after all, or the record was left unfinished: the pieces
 // after it are looked at anew.
 void Decoder::GiveUpRecord() {
-  ++ignored_;
+  ++counts_.ignored;
   state_ = state_ == State::kTitle ? State::kOutside : State::kColumns;
   const std::vector<Bytes> pieces = std::exchange(recordPieces_, {});
   for (std::size_t i = 1; i < pieces.size(); ++i) Take(pieces[i]);
@@ -104,9 +110,9 @@ void Decoder::GiveUpRecord() {
 
 bool Decoder::TakeMarkerOrTitle(ByteView piece) {
   if (piece.size() != 1) return false;
-  if (piece[0] == kRowMarker && state_ != State::kOutside) {
+  if (IsMarker(piece, tav::kRowMarker) && state_ != State::kOutside) {
     StartRow();
-  } else if (piece[0] == kEndMarker && state_ != State::kOutside) {
+  } else if (IsMarker(piece, tav::kEndMarker) && state_ != State::kOutside) {
     EndSection();
   } else if (IsTitleKind(piece[0])) {
     EndSection();
@@ -120,8 +126,7 @@ bool Decoder::TakeMarkerOrTitle(ByteView piece) {
 void Decoder::TakeOutside(ByteView piece) {
   if (TakeMarkerOrTitle(piece)) return;
   // A failed read may end a section that it never began.
-  const bool lateEnd = piece.size() == 1 && piece[0] == kEndMarker;
-  if (!lateEnd && !piece.empty()) ++ignored_;
+  if (!IsMarker(piece, tav::kEndMarker) && !piece.empty()) ++counts_.ignored;
 }
 
 void Decoder::TakeAmongColumns(ByteView piece) {
@@ -131,7 +136,7 @@ void Decoder::TakeAmongColumns(ByteView piece) {
   } else if (piece.size() == 2 && section_.columns.empty() && !section_.announced) {
     section_.announced = piece[0] + 256U * piece[1];
   } else {
-    ++ignored_;
+    ++counts_.ignored;
   }
 }
 
@@ -140,7 +145,7 @@ void Decoder::TakeAmongRows(ByteView piece) {
   if (rowOpen_) {
     row_.insert(row_.end(), piece.begin(), piece.end());
   } else if (!piece.empty()) {
-    ++ignored_;
+    ++counts_.ignored;
   }
 }
 
@@ -151,30 +156,34 @@ void Decoder::StartRow() {
   state_ = State::kRow;
 }
 
+// The listener may throw: what it was told is never told again.
 void Decoder::EndRow() {
-  // A marker whose row never came tells nothing.
-  if (rowOpen_ && !row_.empty()) listener_.AddRow(section_, row_);
-  rowOpen_ = false;
-  row_.clear();
+  if (!std::exchange(rowOpen_, false)) return;
+  if (!row_.empty()) {  // a marker whose row never came tells nothing
+    DecodeRow(section_, row_, cells_);
+    row_.clear();
+    ++counts_.rows;
+    listener_.AddRow(section_, cells_);
+  }
 }
 
 void Decoder::BeginOnce() {
-  if (!begun_) listener_.Begin(section_);
-  begun_ = true;
+  if (std::exchange(begun_, true)) return;
+  ++counts_.sections;
+  listener_.BeginSection(section_);
 }
 
 void Decoder::EndSection() {
   if (state_ == State::kOutside || state_ == State::kTitle) return;
   BeginOnce();
   EndRow();
-  listener_.End(section_);
   state_ = State::kOutside;
+  listener_.EndSection(section_);
 }
 
 void Decoder::Pause() {
-  const std::size_t width = RowWidth(section_);
-  if (state_ == State::kRow && !HasUndescribedColumns(section_) && width > 0 &&
-      row_.size() >= width) {
+  if (state_ == State::kRow && !HasUndescribedColumns(section_) && rowWidth_ > 0 &&
+      row_.size() >= rowWidth_) {
     EndRow();
   }
 }

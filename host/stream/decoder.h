@@ -6,7 +6,7 @@
 //   title    kind letter (1 byte), four texts, date-time (7 bytes)
 //   count    number of columns (2 bytes), before the first column header, in some tables only
 //   header   text, type (1), width (1), text, role (1), text, text
-//   marker   'g' (1 byte) before a row, 's' (1 byte) at the end of a section
+//   marker   1 byte, before a row or at the end of a section
 //   row      one or more pieces until the next marker or title
 //
 // where a text is its length (1 byte) and its characters, two pieces even when it is empty. Neither
@@ -18,7 +18,7 @@
 #include <span>
 #include <vector>
 
-#include "host/stream/section.h"
+#include "host/stream/section_listener.h"
 
 namespace host {
 
@@ -38,8 +38,19 @@ class RecordReader {
   std::optional<std::size_t> textLength_;
 };
 
+// What a stream held so far.
+struct StreamCounts {
+  std::size_t sections = 0;
+  std::size_t rows = 0;
+  std::size_t ignored = 0;  // pieces that had no meaning where they stood
+};
+
 class Decoder {
  public:
+  // More than any instrument has; headers after them have no meaning, nor have those of columns
+  // without a byte. What a row costs would else have no bound in what the row brings.
+  static constexpr std::size_t kMostColumns = 1024;
+
   // listener must outlive the decoder.
   explicit Decoder(SectionListener& listener) : listener_(listener) {}
 
@@ -50,8 +61,7 @@ class Decoder {
   void Pause();
   // The stream has ended: what is complete enough to be told is told.
   void Finish();
-  // Pieces that had no meaning where they stood.
-  std::size_t Ignored() const { return ignored_; }
+  const StreamCounts& Counts() const { return counts_; }
 
  private:
   enum class State { kOutside, kTitle, kColumns, kHeader, kRow };
@@ -63,6 +73,7 @@ class Decoder {
   void TakeAmongColumns(ByteView piece);
   void TakeAmongRows(ByteView piece);
   bool TakeMarkerOrTitle(ByteView piece);
+  void TakeRecord();
   void StartRow();
   void EndRow();
   void EndSection();
@@ -73,10 +84,12 @@ class Decoder {
   RecordReader record_{{}};
   std::vector<Bytes> recordPieces_;
   Section section_;
+  std::size_t rowWidth_ = 0;
   bool begun_ = false;  // the listener knows the section
   bool rowOpen_ = false;
   Bytes row_;
-  std::size_t ignored_ = 0;
+  Cells cells_;
+  StreamCounts counts_;
 };
 
 }  // namespace host

@@ -3,8 +3,8 @@
 #include <fmt/format.h>
 
 #include <array>
-#include <cerrno>
 #include <cstring>
+#include <fstream>
 #include <iterator>
 #include <stdexcept>
 #include <string_view>
@@ -30,14 +30,9 @@ Bytes LoadWhole(const std::filesystem::path& path) {
 
 }  // namespace
 
-RawFileWriter::RawFileWriter(const std::filesystem::path& path)
-    : path_(path), file_(path, std::ios::binary) {
-  file_ << kSignature;
+RawFileWriter::RawFileWriter(const std::filesystem::path& path) : file_(path) {
+  file_.Append(kSignature);
   Flush();
-}
-
-void RawFileWriter::Check() {
-  if (!file_) throw FileError("write", path_);
 }
 
 void RawFileWriter::Append(ByteView piece) {
@@ -45,15 +40,8 @@ void RawFileWriter::Append(ByteView piece) {
   const std::array<char, kLengthSize> prefix = {
       static_cast<char>(length), static_cast<char>(length >> 8U), static_cast<char>(length >> 16U),
       static_cast<char>(length >> 24U)};
-  file_.write(prefix.data(), prefix.size());
-  file_.write(reinterpret_cast<const char*>(piece.data()),
-              static_cast<std::streamsize>(piece.size()));
-  Check();
-}
-
-void RawFileWriter::Flush() {
-  file_.flush();
-  Check();
+  file_.Append({prefix.data(), prefix.size()});
+  file_.Append({reinterpret_cast<const char*>(piece.data()), piece.size()});
 }
 
 RawFile LoadRawFile(const std::filesystem::path& path) {

@@ -2,11 +2,11 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "host/stream/section.h"
+#include "host/system/output_file.h"
 
 namespace host {
 
@@ -15,13 +15,10 @@ class RawFileWriter {
  public:
   explicit RawFileWriter(const std::filesystem::path& path);
   void Append(ByteView piece);
-  void Flush();
+  void Flush() { file_.Flush(); }
 
  private:
-  void Check();
-
-  std::filesystem::path path_;
-  std::ofstream file_;
+  OutputFile file_;
 };
 
 struct RawFile {

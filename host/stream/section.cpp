@@ -1,8 +1,30 @@
 #include "host/stream/section.h"
 
-#include <map>
+#include <unordered_map>
+#include <utility>
 
 namespace host {
+namespace {
+
+constexpr const char* kUndescribed = "undescribed";
+
+// How often each name stood.
+class Names {
+ public:
+  // The name, or the first of its followers that is still free.
+  std::string Distinct(const std::string& name) {
+    std::string found = name;
+    while (!counts_.try_emplace(found, 1).second) {
+      found = name + '#' + std::to_string(++counts_[name]);
+    }
+    return found;
+  }
+
+ private:
+  std::unordered_map<std::string, int> counts_;
+};
+
+}  // namespace
 
 std::size_t RowWidth(const Section& section) {
   std::size_t width = 0;
@@ -14,32 +36,50 @@ bool HasUndescribedColumns(const Section& section) {
   return section.announced.value_or(0) > section.columns.size();
 }
 
-const char* KindName(char kind) {
+bool IsTitleKind(unsigned char byte) {
+  const auto kind = static_cast<tav::TitleKind>(byte);
   switch (kind) {
-    case 'O':
-      return "current";
-    case 'H':
-      return "hours";
-    case 'D':
-      return "days";
-    case 'M':
-      return "months";
-    case 'S':
-      return "log";
-    case 'B':
-      return "database";
-    default:
-      return "section";
+    case tav::TitleKind::kCurrent:
+    case tav::TitleKind::kHourly:
+    case tav::TitleKind::kDaily:
+    case tav::TitleKind::kMonthly:
+    case tav::TitleKind::kLog:
+    case tav::TitleKind::kDatabase:
+      return true;
   }
+  return false;
 }
 
-std::vector<std::string> DistinctNames(const Section& section) {
-  std::vector<std::string> names;
-  std::map<std::string, int> seen;
-  for (const Column& column : section.columns) {
-    const int count = ++seen[column.name];
-    names.push_back(count == 1 ? column.name : column.name + "#" + std::to_string(count));
+const char* KindName(tav::TitleKind kind) {
+  switch (kind) {
+    case tav::TitleKind::kCurrent:
+      return "current";
+    case tav::TitleKind::kHourly:
+      return "hours";
+    case tav::TitleKind::kDaily:
+      return "days";
+    case tav::TitleKind::kMonthly:
+      return "months";
+    case tav::TitleKind::kLog:
+      return "log";
+    case tav::TitleKind::kDatabase:
+      return "database";
   }
+  return "section";
+}
+
+std::string SectionKey(const Section& section) {
+  return static_cast<char>(section.title.kind) + section.title.section + '\n';
+}
+
+std::vector<std::string> DistinctNames(const Section& section,
+                                       const std::vector<std::string>& taken) {
+  Names distinct;
+  for (const std::string& name : taken) distinct.Distinct(name);
+  std::vector<std::string> names;
+  names.reserve(section.columns.size() + 1);
+  for (const Column& column : section.columns) names.push_back(distinct.Distinct(column.name));
+  names.push_back(distinct.Distinct(kUndescribed));
   return names;
 }
 

@@ -1,4 +1,4 @@
-// What the driver's output stream describes: sections with typed columns, and rows as bytes.
+// What the driver's output stream describes: sections with typed columns.
 #pragma once
 
 #include <cstddef>
@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "TKSplDrv/records.h"
 #include "TKSplDrv/types.h"
 
 namespace host {
@@ -14,20 +15,20 @@ namespace host {
 using Bytes = std::vector<unsigned char>;
 using ByteView = std::span<const unsigned char>;
 
-// A column header. Texts are UTF-8.
+// A column header. Texts are UTF-8. Type and role may hold any byte: what stood in the stream.
 struct Column {
   std::string name;
-  char type = 0;            // f d L S B t c, see cell.h
+  tav::Type type{};
   unsigned char width = 0;  // bytes in a row
   std::string unit;
-  char role = 0;        // I: the row's date-time, i: accumulated over the interval, d: others
+  tav::Role role{};
   std::string caption;  // the name again where the driver has none
-  std::string group;    // "default" where the driver has none
+  std::string group;    // tav::kDefaultGroup where the driver has none
 };
 
 // A title record. Texts are UTF-8.
 struct Title {
-  char kind = 0;  // O current values, H hours, D days, M months, S log, B database
+  tav::TitleKind kind{};
   std::string model;
   std::string version;
   std::string number;
@@ -49,39 +50,18 @@ std::size_t RowWidth(const Section& section);
 // Whether columns that were announced never came, so that rows are longer than described.
 bool HasUndescribedColumns(const Section& section);
 
-// "hours"; "section" for an unknown letter.
-const char* KindName(char kind);
+// Whether a byte is one of the kinds.
+bool IsTitleKind(unsigned char byte);
 
-// Column names in order, made distinct by "#2" where one repeats.
-std::vector<std::string> DistinctNames(const Section& section);
+// "hours"; "section" for an unknown kind.
+const char* KindName(tav::TitleKind kind);
 
-// A section is told as it comes in: Begin when its columns are known, a row when it is complete,
-// End when no row can follow.
-class SectionListener {
- public:
-  virtual ~SectionListener() = default;
-  virtual void Begin(const Section& section) = 0;
-  virtual void AddRow(const Section& section, ByteView row) = 0;
-  virtual void End(const Section& section) = 0;
-};
+// The same for sections that go on where an earlier one ended: kind and part of the instrument.
+std::string SectionKey(const Section& section);
 
-// Keeps everything.
-struct KeptSection {
-  Section section;
-  std::vector<Bytes> rows;
-};
-
-class SectionKeeper final : public SectionListener {
- public:
-  void Begin(const Section& section) override { sections_.push_back({section, {}}); }
-  void AddRow(const Section&, ByteView row) override {
-    sections_.back().rows.emplace_back(row.begin(), row.end());
-  }
-  void End(const Section&) override {}
-  const std::vector<KeptSection>& Sections() const { return sections_; }
-
- private:
-  std::vector<KeptSection> sections_;
-};
+// Column names in order and names after them for what no column describes, "undescribed", all
+// distinct: where one repeats, or is taken, "#2" follows, "#3" and so on.
+std::vector<std::string> DistinctNames(const Section& section,
+                                       const std::vector<std::string>& taken = {});
 
 }  // namespace host

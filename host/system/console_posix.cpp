@@ -5,8 +5,8 @@
 #include <csignal>
 #include <cstdlib>
 
-#include "host/cli/exit_codes.h"
 #include "host/system/console.h"
+#include "host/system/exit_codes.h"
 
 namespace host {
 namespace {

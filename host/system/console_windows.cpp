@@ -10,8 +10,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "host/cli/exit_codes.h"
 #include "host/system/console.h"
+#include "host/system/exit_codes.h"
 
 namespace host {
 namespace {

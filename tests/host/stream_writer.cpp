@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-#include "host/stream/cell.h"
 #include "host/stream/decoder.h"
 
 namespace host_test {
@@ -50,14 +49,13 @@ StreamWriter& StreamWriter::Count(unsigned columns) {
 }
 
 StreamWriter& StreamWriter::Header(const std::string& name, char type, unsigned char width,
-                                   const std::string& unit, char role, const std::string& caption,
-                                   const std::string& group) {
+                                   const std::string& unit, char role, const std::string& caption) {
   TextRecord(name).Piece({static_cast<unsigned char>(type)}).Piece({width}).TextRecord(unit);
   Piece({static_cast<unsigned char>(role)}).TextRecord(caption.empty() ? name : caption);
-  return TextRecord(group);
+  return TextRecord("default");
 }
 
-StreamWriter& StreamWriter::Row(const std::vector<Bytes>& pieces) {
+StreamWriter& StreamWriter::Row(const Pieces& pieces) {
   Piece({'g'});
   for (const Bytes& piece : pieces) Piece(piece);
   return *this;
@@ -65,39 +63,30 @@ StreamWriter& StreamWriter::Row(const std::vector<Bytes>& pieces) {
 
 StreamWriter& StreamWriter::End() { return Piece({'s'}); }
 
-void Told::Begin(const host::Section& section) {
-  std::string line = std::string("begin ") + section.title.kind + ' ' + section.title.section;
-  for (const host::Column& column : section.columns) line += ' ' + column.name + ':' + column.type;
+void Told::BeginSection(const host::Section& section) {
+  std::string line =
+      std::string("begin ") + static_cast<char>(section.title.kind) + ' ' + section.title.section;
+  for (const host::Column& column : section.columns) {
+    line += ' ' + column.name + ':' + static_cast<char>(column.type);
+  }
   if (section.announced) line += " /" + std::to_string(*section.announced);
   lines.push_back(line);
 }
 
-void Told::AddRow(const host::Section& section, host::ByteView row) {
+void Told::AddRow(const host::Section&, const host::Cells& cells) {
   std::string line;
-  for (const host::Cell& cell : host::DecodeRow(section, row)) {
-    line += (line.empty() ? "row " : "|") + host::CellText(cell);
-  }
+  for (const host::Cell& cell : cells) line += (line.empty() ? "row " : "|") + host::CellText(cell);
   lines.push_back(line);
 }
 
-void Told::End(const host::Section&) { lines.push_back("end"); }
+void Told::EndSection(const host::Section&) { lines.push_back("end"); }
 
-void Feed(const std::vector<Bytes>& pieces, host::SectionListener& listener) {
-  host::Decoder decoder(listener);
+Lines Decoded(const Pieces& pieces) {
+  Told told;
+  host::Decoder decoder(told);
   for (const Bytes& piece : pieces) decoder.Take(piece);
   decoder.Finish();
-}
-
-std::vector<std::string> Decoded(const std::vector<Bytes>& pieces) {
-  Told told;
-  Feed(pieces, told);
   return told.lines;
-}
-
-std::vector<host::KeptSection> Kept(const std::vector<Bytes>& pieces) {
-  host::SectionKeeper keeper;
-  Feed(pieces, keeper);
-  return keeper.Sections();
 }
 
 }  // namespace host_test

@@ -4,11 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "host/stream/section.h"
+#include "host/output/screen.h"
+#include "host/reading/run_listener.h"
 
 namespace host_test {
 
 using host::Bytes;
+using Pieces = std::vector<Bytes>;
+using Lines = std::vector<std::string>;
 
 Bytes Text(const std::string& characters);
 Bytes Float(float value);
@@ -16,7 +19,7 @@ Bytes Date(unsigned year, unsigned char month, unsigned char day, unsigned char 
            unsigned char minute = 0, unsigned char second = 0);
 Bytes operator+(Bytes left, const Bytes& right);
 
-// Each call adds pieces and answers the writer.
+// Each call adds pieces and returns the writer.
 class StreamWriter {
  public:
   StreamWriter& Piece(const Bytes& piece);
@@ -24,35 +27,44 @@ class StreamWriter {
   // Instrument "M", version "V1", number "7".
   StreamWriter& Title(char kind, const std::string& section, const Bytes& time = Date(2016, 9, 4));
   StreamWriter& Count(unsigned columns);
+  // Caption: the name again; group "default".
   StreamWriter& Header(const std::string& name, char type, unsigned char width,
                        const std::string& unit = "u", char role = 'd',
-                       const std::string& caption = "", const std::string& group = "default");
+                       const std::string& caption = "");
   // A marker and the pieces of one row.
-  StreamWriter& Row(const std::vector<Bytes>& pieces);
+  StreamWriter& Row(const Pieces& pieces);
   StreamWriter& End();
 
-  const std::vector<Bytes>& Pieces() const { return pieces_; }
+  operator const Pieces&() const { return pieces_; }  // NOLINT: reads better where it is used
 
  private:
-  std::vector<Bytes> pieces_;
+  Pieces pieces_;
 };
 
 // What a listener was told, a line for each call: "begin O ОВ a:f b:B /3", "row 1.5|2", "end"; a
 // number after a slash is the announced number of columns.
-class Told final : public host::SectionListener {
+class Told final : public host::RunListener {
  public:
-  void Begin(const host::Section& section) override;
-  void AddRow(const host::Section& section, host::ByteView row) override;
-  void End(const host::Section& section) override;
+  void BeginSection(const host::Section& section) override;
+  void AddRow(const host::Section& section, const host::Cells& cells) override;
+  void EndSection(const host::Section& section) override;
 
-  std::vector<std::string> lines;
+  Lines lines;
 };
 
-// Decodes the pieces to their end.
-void Feed(const std::vector<Bytes>& pieces, host::SectionListener& listener);
-std::vector<std::string> Decoded(const std::vector<Bytes>& pieces);
+// What a stream holds, told to its end.
+Lines Decoded(const Pieces& pieces);
 
-// The sections that the pieces hold.
-std::vector<host::KeptSection> Kept(const std::vector<Bytes>& pieces);
+// A screen that keeps what it was told, in order: results as they are, errors in angle brackets.
+class KeptScreen {
+ public:
+  explicit KeptScreen(bool terminal = false)
+      : screen(
+            terminal, [this](const std::string& result) { text += result; },
+            [this](const std::string& error) { text += '<' + error + '>'; }) {}
+
+  std::string text;
+  host::Screen screen;
+};
 
 }  // namespace host_test

@@ -3,7 +3,7 @@
 #include <doctest/doctest.h>
 
 #include "host/cli/dates.h"
-#include "host/cli/exit_codes.h"
+#include "host/system/exit_codes.h"
 
 using host::Command;
 using host::CommandLine;
@@ -61,7 +61,7 @@ TEST_CASE("help and version are no errors") {
   for (const Words& words : {Words{"--help"}, {"read", "--help"}, {"--version"}}) {
     const CommandLine line = host::ParseCommandLine(words);
     CHECK(line.command == Command::kNone);
-    CHECK(line.exitCode == host::kRead);
+    CHECK(line.exitCode == host::kSuccess);
     CHECK(!line.message.empty());
   }
 }
@@ -75,9 +75,9 @@ TEST_CASE("a reading is set up from its options") {
                               "--format",   "json",   "--all"});
   REQUIRE(line.command == Command::kRead);
   const host::ReadSettings& settings = line.read.settings;
-  CHECK(line.read.port == "COM3");
+  CHECK(line.read.line == "serial:COM3");
   CHECK(settings.number == 5);
-  CHECK(settings.kind == host::Kind::kK7);
+  CHECK(settings.kind == tav::Mode::kK7);
   CHECK(settings.baud == 9600);
   CHECK(settings.groups == "TH");
   CHECK(TextOf(settings.from) == "2016-9-1 0:0:0");
@@ -86,18 +86,21 @@ TEST_CASE("a reading is set up from its options") {
   CHECK(settings.pause == 250);
   CHECK(settings.doubleRead);
   CHECK(!settings.validity);
-  CHECK(line.read.display.format == host::Format::kJson);
-  CHECK(line.read.display.rows == 0);
+  CHECK(line.read.sinks.format == host::Format::kJson);
+  CHECK(line.read.sinks.rows == 0);
 }
 
 TEST_CASE("a simulated clock sets the period") {
   const CommandLine line =
       host::ParseCommandLine({"read", "--simulate", "521", "--number", "9", "--clock",
-                              "2016-03-01 13:05:09", "--fault", "frozen:3:50", "--units", "1"});
+                              "2016-03-01 13:05:09", "--fault", "frozen:3:50", "--units", "1",
+                              "--follow"});
   REQUIRE(line.command == Command::kRead);
   CHECK(TextOf(line.read.settings.from) == "2016-2-27 0:0:0");
   CHECK(TextOf(line.read.settings.to) == "2016-3-1 13:5:9");
-  CHECK(line.read.settings.kind == host::Kind::kOlder);
+  CHECK(line.read.settings.kind == tav::Mode::kOlder);
+  CHECK(line.read.settings.groups == "BTMSHE");
+  CHECK(line.read.sinks.follow);
   CHECK(line.read.simulated.number == 9);
   CHECK(line.read.simulated.clock->minute == 5);
   CHECK(line.read.simulated.faults.front().every == 3);
@@ -116,6 +119,9 @@ TEST_CASE("dates") {
       {"2016-09-04", host::Bound::kTo, "2016-9-4 23:59:59"},
       {"2016-02-29T13:05:09", host::Bound::kTo, "2016-2-29 13:5:9"},
       {"2015-02-29", host::Bound::kFrom, nullptr},
+      {"2016.09-04", host::Bound::kFrom, nullptr},
+      {"2016-09.04", host::Bound::kFrom, nullptr},
+      {"2016-09-04_13", host::Bound::kFrom, nullptr},
       {"2016-09-04 24:00", host::Bound::kFrom, nullptr},
       {"2016-09-04 13:00:00:00", host::Bound::kFrom, nullptr},
       {"2016-09-0x", host::Bound::kFrom, nullptr},

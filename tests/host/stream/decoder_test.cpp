@@ -4,14 +4,11 @@
 
 #include <random>
 
-#include "host/stream/cell.h"
 #include "tests/host/stream_writer.h"
 
 using namespace host_test;
 
 namespace {
-
-using Lines = std::vector<std::string>;
 
 // Two columns, five bytes.
 StreamWriter& TwoColumns(StreamWriter& stream) {
@@ -90,7 +87,7 @@ TEST_CASE("sections are found by the write calls") {
   }
   for (const Case& item : cases) {
     INFO(item.name);
-    CHECK(Joined(Decoded(item.stream.Pieces())) == Joined(item.told));
+    CHECK(Joined(Decoded(item.stream)) == Joined(item.told));
   }
 }
 
@@ -99,7 +96,7 @@ TEST_CASE("a row is told at a pause once it has all its bytes") {
   TwoColumns(stream.Title('O', "T")).Row({Float(1)});
   Told told;
   host::Decoder decoder(told);
-  for (const Bytes& piece : stream.Pieces()) decoder.Take(piece);
+  for (const Bytes& piece : Pieces(stream)) decoder.Take(piece);
   decoder.Pause();
   CHECK(told.lines.size() == 1);
   decoder.Take(Bytes{2});
@@ -110,7 +107,7 @@ TEST_CASE("a row is told at a pause once it has all its bytes") {
 }
 
 TEST_CASE("a stream may end after any piece") {
-  const std::vector<Bytes> pieces = FullStream().Pieces();
+  const Pieces pieces = FullStream();
   const Lines whole = Decoded(pieces);
   for (std::size_t length = 0; length <= pieces.size(); ++length) {
     CAPTURE(length);
@@ -123,10 +120,10 @@ TEST_CASE("a stream may end after any piece") {
 
 TEST_CASE("garbage harms nothing and the next title is found again") {
   std::mt19937 random(20160904);
-  const std::vector<Bytes> good = FullStream().Pieces();
+  const Pieces good = FullStream();
   const Lines expected = Decoded(good);
   for (int round = 0; round < 3000; ++round) {
-    std::vector<Bytes> pieces = good;
+    Pieces pieces = good;
     for (int i = 0; i < 12; ++i) {
       Bytes noise(random() % 4 == 0 ? random() % 300 : random() % 3);
       for (unsigned char& byte : noise) byte = static_cast<unsigned char>(random());
@@ -165,7 +162,7 @@ TEST_CASE("values have their column's type") {
   for (const Case& item : cases) {
     CAPTURE(item.text);
     host::Column column;
-    column.type = item.type;
+    column.type = static_cast<tav::Type>(item.type);
     column.width = static_cast<unsigned char>(item.bytes.size());
     CHECK(host::CellText(host::DecodeCell(column, item.bytes)) == item.text);
   }

@@ -1,4 +1,4 @@
-// Sections for people: one row of many values as a list, several rows as an aligned table.
+// Words and widths of what people read.
 #pragma once
 
 #include <cstddef>
@@ -10,10 +10,6 @@ namespace host {
 
 // "hours ТВ1: УРМ523 V3, number 12345, clock 2016-09-04 13:05:09".
 std::string SectionHeading(const Section& section);
-
-// At most maxRows rows, the first and the last ones, with the number of those left out; 0 means
-// all.
-std::string FormatTable(const KeptSection& kept, std::size_t maxRows);
 
 // "1 row", "2 rows".
 std::string CountOf(std::size_t count, const char* what);

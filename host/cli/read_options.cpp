@@ -1,0 +1,118 @@
+#include "host/cli/read_options.h"
+
+#include <CLI/CLI.hpp>
+
+#include "host/cli/dates.h"
+#include "host/cli/sink_options.h"
+#include "host/line/open_line.h"
+#include "host/system/clock.h"
+
+namespace host {
+namespace {
+
+constexpr int kDefaultDays = 3;
+
+// "B database, T current values, ...".
+std::string GroupNames() {
+  std::string names;
+  for (const ReadGroupName& known : kReadGroups) {
+    if (!names.empty()) names += ", ";
+    names += static_cast<char>(known.group);
+    names += ' ' + std::string(known.name);
+  }
+  return names;
+}
+
+}  // namespace
+
+void ReadParser::AddLine(CLI::App& app) {
+  CLI::Option_group* line = app.add_option_group("Line", "where the instrument is, one of");
+  line->add_option("--port", port_, "serial device: /dev/ttyUSB0, COM3")->option_text("DEVICE");
+  line->add_option("--tcp", tcp_, "gateway that passes raw bytes")->option_text("HOST:PORT");
+  line->add_option("--simulate", model_, "a simulated instrument (see irvela models)")
+      ->option_text("MODEL");
+  line->require_option(1);
+}
+
+void ReadParser::AddReading(CLI::App& app) {
+  ReadSettings& settings = read_.settings;
+  app.add_option("--number", settings.number, "network number of the instrument")
+      ->check(CLI::Range(0, 255));
+  app.add_option("--kind", kind_, "protocol: older (52x, 72x) or k7")
+      ->check(CLI::IsMember({"older", "k7"}));
+  app.add_option("--baud", baud_, "line speed in bit/s")->check(CLI::PositiveNumber);
+  app.add_option("--groups", settings.groups, "what to read: " + GroupNames())
+      ->option_text("LETTERS")
+      ->default_str(settings.groups);
+  app.add_option("--from", from_, "first moment of the archives; else three days back")
+      ->option_text("DATE");
+  app.add_option("--to", to_, "last moment of the archives, else now; a day means all of it")
+      ->option_text("DATE");
+  app.add_option("--attempts", settings.attempts, "attempts at each request")
+      ->check(CLI::Range(1, 1000))
+      ->default_str(std::to_string(settings.attempts));
+  app.add_flag("--double-read", settings.doubleRead, "read each archive record twice and compare");
+  app.add_flag("--validity", settings.validity,
+               "the driver's validity test, under which it takes no archive record");
+  app.add_option("--pause", settings.pause, "milliseconds after a failed attempt")
+      ->check(CLI::Range(0, 600000));
+  app.add_flag("--follow", settings.follow, "go on with new values until Ctrl-C (older kind)");
+}
+
+void ReadParser::AddTo(CLI::App& app) {
+  AddLine(app);
+  AddReading(app);
+  AddSinkOptions(app, read_.sinks);
+  app.add_option("--raw", read_.sinks.raw, "keep the driver's stream, for irvela decode")
+      ->option_text("FILE");
+  app.add_flag("-v,--verbose", read_.sinks.verbose, "show the driver's messages");
+  simulated_.AddTo(app);
+#if defined(_WIN32)
+  app.add_option("--driver", read_.driver, "TKSplDrv.dll, else the one beside this program")
+      ->option_text("PATH");
+#endif
+  app.footer(
+      "Examples:\n"
+      "  irvela read --simulate 521\n"
+      "  irvela read --port /dev/ttyUSB0 --number 5 --from 2016-09-01 --to 2016-09-04\n"
+      "  irvela read --tcp gateway:4001 --kind k7 --groups TH --format json\n"
+      "  irvela read --port /dev/ttyUSB0 --out readings --raw reading.raw -v\n"
+      "  irvela read --port /dev/ttyUSB0 --groups T --follow\n"
+      "Ctrl-C ends a reading and keeps what was read; a second one ends the program at once.\n"
+      "Exit code: 0 read, 1 the reading failed, 2 wrong usage, 130 interrupted.");
+}
+
+void ReadParser::FinishLine() {
+  if (!model_.empty()) {
+    simulated_.Finish("--simulate", model_);
+    read_.simulated.number = read_.settings.number;
+    read_.line = "simulate:" + model_;
+    return;
+  }
+  if (simulated_.Given()) throw UsageError("--clock, --fault and --units go with --simulate");
+  read_.line = tcp_.empty() ? "serial:" + port_ : "tcp:" + tcp_;
+  CheckLineAddress(read_.line);
+}
+
+// The archives of a simulated clock end where that clock stands.
+void ReadParser::FinishPeriod() {
+  ReadSettings& settings = read_.settings;
+  const SYSTEMTIME now = simulated_.Clock().value_or(LocalNow());
+  settings.to = to_.empty() ? now : RequireDate("--to", to_, Bound::kTo);
+  settings.from = from_.empty() ? DaysBefore(settings.to, kDefaultDays)
+                                : RequireDate("--from", from_, Bound::kFrom);
+  if (IsEarlier(settings.to, settings.from)) throw UsageError("--from lies after --to");
+}
+
+void ReadParser::Finish() {
+  FinishLine();
+  ReadSettings& settings = read_.settings;
+  const bool k7 = kind_.empty() ? model_.starts_with("k7") : kind_ == "k7";
+  settings.kind = k7 ? tav::Mode::kK7 : tav::Mode::kOlder;
+  if (k7 && settings.follow) throw UsageError("--follow goes with the older kind");
+  read_.sinks.follow = settings.follow;
+  if (baud_ > 0) settings.baud = baud_;
+  FinishPeriod();
+}
+
+}  // namespace host

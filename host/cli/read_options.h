@@ -1,0 +1,46 @@
+// The command line of irvela read.
+#pragma once
+
+#include <string>
+
+#include "host/cli/simulated_options.h"
+#include "host/output/sinks.h"
+#include "host/reading/settings.h"
+
+namespace host {
+
+struct ReadOptions {
+  std::string line;  // its address, as OpenLine takes it
+  simulator::Settings simulated;
+  ReadSettings settings;
+  SinkOptions sinks;
+  std::string driver;  // of the DLL, or empty
+};
+
+class ReadParser {
+ public:
+  // read must live as long as the parser, and the parser as long as the app that it is added to.
+  explicit ReadParser(ReadOptions& read) : read_(read), simulated_(read.simulated) {}
+  void AddTo(CLI::App& app);
+  // Once all is known. Throws UsageError or std::invalid_argument.
+  void Finish();
+
+ private:
+  void AddLine(CLI::App& app);
+  void AddReading(CLI::App& app);
+  void FinishLine();
+  void FinishPeriod();
+
+  ReadOptions& read_;
+  SimulatedOptions simulated_;
+  // Texts that need a second look once all are known.
+  std::string port_;
+  std::string tcp_;
+  std::string model_;
+  std::string kind_;
+  std::string from_;
+  std::string to_;
+  int baud_ = 0;
+};
+
+}  // namespace host

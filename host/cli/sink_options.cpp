@@ -1,0 +1,29 @@
+#include "host/cli/sink_options.h"
+
+#include <CLI/CLI.hpp>
+#include <map>
+#include <string>
+
+namespace host {
+namespace {
+
+const std::map<std::string, Format> kFormats = {
+    {"table", Format::kTable}, {"json", Format::kJson}, {"csv", Format::kCsv}};
+
+}  // namespace
+
+void AddSinkOptions(CLI::App& app, SinkOptions& sinks) {
+  app.add_option("--format", sinks.format, "table, json or csv")
+      ->transform(CLI::CheckedTransformer(kFormats, CLI::ignore_case))
+      ->option_text("NAME")
+      ->default_str("table");
+  CLI::Option* rows = app.add_option("--rows", sinks.rows, "rows of a section in a table")
+                          ->check(CLI::Range(2, 1000000))
+                          ->option_text("N");
+  app.add_flag_callback(
+         "--all", [&sinks] { sinks.rows = 0; }, "all rows of a section")
+      ->excludes(rows);
+  app.add_option("--out", sinks.out, "a CSV file per section goes there")->option_text("DIR");
+}
+
+}  // namespace host

@@ -1,0 +1,95 @@
+#include "host/reading/driver_set_up.h"
+
+#include <fmt/format.h>
+
+#include <vector>
+
+namespace host {
+namespace {
+
+constexpr char kNetworkNumber = 'N';
+
+// Stand for a line and a stream while the driver is only asked.
+class NoPort final : public HostPort {
+ public:
+  bool Control(int) override { return false; }
+  bool SetTimeouts(unsigned, unsigned, unsigned, unsigned, unsigned) override { return false; }
+  void Reserved2() override {}
+  bool SetLine(int, int, int, int, int, int) override { return false; }
+  void Reserved4() override {}
+  bool SetBuffers(int, int) override { return false; }
+  int Read(unsigned, unsigned, void*) override { return 0; }
+  int Write(const void*, unsigned) override { return 0; }
+};
+
+class NoStream final : public HostStream {
+ public:
+  bool Message(const char*, const char*, unsigned) override { return false; }
+  bool Write(const void*, unsigned) override { return false; }
+};
+
+// bit/s, the usual one first.
+std::vector<int> OfferedSpeeds(TavDrvV1& driver, int kind) {
+  std::vector<int> speeds;
+  int speed = 0;
+  const unsigned count = driver.GetBaud(kind, 1, &speed);
+  for (unsigned i = 1; i <= count; ++i) {
+    driver.GetBaud(kind, static_cast<int>(i), &speed);
+    speeds.push_back(speed);
+  }
+  return speeds;
+}
+
+void CheckSpeed(TavDrvV1& driver, int kind, int baud) {
+  std::string offered;
+  for (const int speed : OfferedSpeeds(driver, kind)) {
+    if (speed == baud) return;
+    offered += (offered.empty() ? "" : ", ") + std::to_string(speed);
+  }
+  throw UsageError(fmt::format("--baud {}: this kind of instrument offers {}", baud, offered));
+}
+
+void CheckNumber(TavDrvV1& driver, int kind, int number) {
+  int limit = 0;
+  driver.GetNumberLimit(kind, kNetworkNumber, &limit);
+  if (number >= 0 && number <= limit) return;
+  throw UsageError(fmt::format("--number {}: the largest is {}", number, limit));
+}
+
+void CheckGroups(TavDrvV1& driver, int kind, const std::string& groups) {
+  for (const char letter : groups) {
+    if (driver.CanReadGroup(kind, letter) != 0) continue;
+    throw UsageError(fmt::format("--groups {}: there is no group {}", groups, letter));
+  }
+}
+
+void SetParameter(TavDrvV1& driver, tav::Parameter parameter, int value) {
+  driver.SetupParametr(static_cast<char>(parameter), sizeof value, &value);
+}
+
+}  // namespace
+
+void CheckSettings(const DriverLibrary& library, const ReadSettings& settings) {
+  NoStream stream;
+  NoPort port;
+  const DriverPointer driver = library.Create(stream, port);
+  const int kind = static_cast<int>(settings.kind);
+  CheckNumber(*driver, kind, settings.number);
+  CheckGroups(*driver, kind, settings.groups);
+  if (settings.baud) CheckSpeed(*driver, kind, *settings.baud);
+}
+
+void SetUpDriver(TavDrvV1& driver, const ReadSettings& settings) {
+  const int kind = static_cast<int>(settings.kind);
+  driver.SetupNumer(kNetworkNumber, settings.number);
+  for (const char letter : settings.groups) driver.SetupReadGroup(letter, true);
+  driver.SetupDateTime(settings.from, settings.to);
+  driver.SetupBaud(settings.baud.value_or(OfferedSpeeds(driver, kind).front()));
+  SetParameter(driver, tav::Parameter::kAttempts, settings.attempts);
+  SetParameter(driver, tav::Parameter::kDoubleReading, settings.doubleRead ? 1 : 0);
+  SetParameter(driver, tav::Parameter::kValidityTest, settings.validity ? 1 : 0);
+  SetParameter(driver, tav::Parameter::kPause, settings.pause);
+  SetParameter(driver, tav::Parameter::kContinuous, settings.follow ? 1 : 0);
+}
+
+}  // namespace host

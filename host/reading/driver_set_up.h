@@ -1,0 +1,16 @@
+// From the settings of a reading to the driver's own questions and set-up.
+#pragma once
+
+#include "host/reading/driver_library.h"
+#include "host/reading/settings.h"
+
+namespace host {
+
+// Asks the driver, without a line; throws UsageError when it does not offer what the settings ask
+// for.
+void CheckSettings(const DriverLibrary& library, const ReadSettings& settings);
+
+// Everything that Start needs. The settings are ones that the driver offers.
+void SetUpDriver(TavDrvV1& driver, const ReadSettings& settings);
+
+}  // namespace host

@@ -1,0 +1,58 @@
+// Who is told of a run: a reading of an instrument, or the decoding of a stream that one kept.
+//
+// A sink (a file, a store, a display) is one class that overrides what it needs, and one line in
+// host/output/sinks.cpp. Calls come one at a time, from two threads, in this order:
+//
+//   BeginRun
+//   AddPiece, BeginSection, AddRow, EndSection, Tell, ShowProgress, Keep   as they come
+//   EndRun                                                                 always, once
+//
+// A sink that throws std::exception ends the run as failed: no pieces and rows follow, but the ends
+// of the section and of the run are told to all sinks.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "host/reading/messages.h"
+#include "host/reading/settings.h"
+#include "host/stream/decoder.h"
+#include "host/stream/section_listener.h"
+
+namespace host {
+
+struct Run {
+  std::optional<ReadSettings> settings;  // none: a stream that was kept is decoded
+  std::string line;                      // address of the line, or name of the file
+  SYSTEMTIME begun{};                    // this machine's local time
+};
+
+struct Progress {
+  int percent = 0;   // as the driver has it, which may be less than before; below 0: not known
+  std::string step;  // what is being read: "hours ТВ1: 04.09.2016:13"; empty before the first
+};
+
+enum class Ending { kRead, kFailed, kInterrupted };
+
+struct RunEnd {
+  Ending ending = Ending::kRead;
+  std::string reason;  // one sentence when it was not read
+  StreamCounts counts;
+};
+
+class RunListener : public SectionListener {
+ public:
+  virtual void BeginRun(const Run& /*run*/) {}
+  // One write call of the driver, before what it completes is told.
+  virtual void AddPiece(ByteView /*piece*/) {}
+  // A message of the driver, after the rows that came before it.
+  virtual void Tell(const Message& /*message*/) {}
+  // About ten times a second while an instrument is read.
+  virtual void ShowProgress(const Progress& /*progress*/) {}
+  // As often, and before the end: a sink that gathers what it was told writes it out. Those that
+  // show rows stand behind those that keep them, so that what is shown is kept.
+  virtual void Keep() {}
+  virtual void EndRun(const RunEnd& /*end*/) {}
+};
+
+}  // namespace host

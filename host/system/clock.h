@@ -1,0 +1,11 @@
+// This machine's clock.
+#pragma once
+
+#include "TKSplDrv/types.h"
+
+namespace host {
+
+// Local date and time, to the second; the day of the week is not set.
+SYSTEMTIME LocalNow();
+
+}  // namespace host
