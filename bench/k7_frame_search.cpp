@@ -5,9 +5,9 @@
 #include <random>
 #include <vector>
 
-#include "k7/crc.h"
-#include "k7/frame_search.h"
-#include "k7/frames.h"
+#include "k7/link/crc.h"
+#include "k7/link/frame_search.h"
+#include "k7/link/frames.h"
 
 namespace {
 

@@ -6,7 +6,7 @@ namespace {
 constexpr std::uint8_t kStampTag = 0x49;
 constexpr std::uint8_t kRecordTag = 0x30;
 
-void DecodeColumn(Type type, Items& items, Record& record) {
+void DecodeColumn(Type type, TlvWalk& items, Record& record) {
   switch (type) {
     case Type::kByte:
       return record.Byte(items.ItemUInt());
@@ -25,7 +25,7 @@ void DecodeColumn(Type type, Items& items, Record& record) {
 
 }  // namespace
 
-int NextRecord(Items& items, std::size_t replyLength, Stamp& stamp) {
+int NextRecord(TlvWalk& items, std::size_t replyLength, Stamp& stamp) {
   if (items.Tag() == kRecordTag) return kNoMoreRecords;
   if (items.Tag() != kStampTag) {
     items.NextItem();
@@ -35,12 +35,12 @@ int NextRecord(Items& items, std::size_t replyLength, Stamp& stamp) {
   stamp = items.ItemStamp(stampLength);
   if (stampLength == 0) return kNoMoreRecords;
   if (items.Tag() != kRecordTag) return kStampAlone;
-  const Item content = items.EnterItem();
+  const Tlv content = items.EnterItem();
   if (content.at + content.length > replyLength) return kPastReplyEnd;
   return static_cast<int>(content.length);
 }
 
-int SkipToRecord(Items& items, std::size_t replyLength, Stamp& stamp) {
+int SkipToRecord(TlvWalk& items, std::size_t replyLength, Stamp& stamp) {
   while (items.Cursor() < replyLength) {
     const int result = NextRecord(items, replyLength, stamp);
     if (result != kUnknownItem) return result;
@@ -48,11 +48,11 @@ int SkipToRecord(Items& items, std::size_t replyLength, Stamp& stamp) {
   return kNoMoreRecords;
 }
 
-void DecodeColumns(Columns columns, Items& items, Record& record) {
+void DecodeColumns(Columns columns, TlvWalk& items, Record& record) {
   for (const Column& column : columns) DecodeColumn(column.type, items, record);
 }
 
-Record DecodeArchive(Columns columns, Closing closing, const TAVDT& date, Items& items) {
+Record DecodeArchive(Columns columns, Closing closing, const TAVDT& date, TlvWalk& items) {
   const bool reversed = closing == Closing::kReversed;
   Record record;
   record.DateTime(date);

@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-#include "k7/items.h"
+#include "k7/link/tlv.h"
 #include "k7/record.h"
 #include "k7/tables.h"
 
@@ -20,10 +20,10 @@ enum RecordCode : int {
 
 // Looks at the item at the cursor. After a record was found the cursor stands at its first value.
 // replyLength: the length that the reply's frame reported.
-int NextRecord(Items& items, std::size_t replyLength, Stamp& stamp);
+int NextRecord(TlvWalk& items, std::size_t replyLength, Stamp& stamp);
 
 // The same until a record, the end (also the reply's) or a parse error: never kUnknownItem.
-int SkipToRecord(Items& items, std::size_t replyLength, Stamp& stamp);
+int SkipToRecord(TlvWalk& items, std::size_t replyLength, Stamp& stamp);
 
 // How the record's last values come.
 enum class Closing {
@@ -33,9 +33,9 @@ enum class Closing {
 };
 
 // Values of consecutive items by their columns' types.
-void DecodeColumns(Columns columns, Items& items, Record& record);
+void DecodeColumns(Columns columns, TlvWalk& items, Record& record);
 
 // A whole archive record. columns: the date, the values, the two integers of the closing.
-Record DecodeArchive(Columns columns, Closing closing, const TAVDT& date, Items& items);
+Record DecodeArchive(Columns columns, Closing closing, const TAVDT& date, TlvWalk& items);
 
 }  // namespace k7

@@ -3,7 +3,7 @@
 #include "common/cp1251.h"
 #include "common/format.h"
 #include "driver/read_groups.h"
-#include "k7/messages.h"
+#include "k7/link/messages.h"
 
 namespace k7 {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "k7/messages.h"
+#include "k7/link/messages.h"
 
 namespace k7 {
 namespace {
@@ -100,7 +100,7 @@ bool Requests::ReadParamBlock(std::uint8_t channel, std::uint16_t first, std::si
 }
 
 void Requests::WriteEntries(std::size_t count) {
-  Items items(reply_.bytes);
+  TlvWalk items(reply_.bytes);
   for (std::size_t i = 0; i < count; ++i) {
     Entry entry{};
     items.ItemBytes(entry);

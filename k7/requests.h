@@ -7,10 +7,10 @@
 #include <span>
 
 #include "TKSplDrv/driver.h"
-#include "k7/items.h"
-#include "k7/reply.h"
+#include "k7/link/reply.h"
+#include "k7/link/tlv.h"
+#include "k7/link/transport.h"
 #include "k7/tables.h"
-#include "k7/transport.h"
 
 namespace k7 {
 

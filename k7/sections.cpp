@@ -4,7 +4,7 @@
 #include "common/cp1251.h"
 #include "common/format.h"
 #include "k7/layouts.h"
-#include "k7/messages.h"
+#include "k7/link/messages.h"
 
 namespace k7 {
 namespace {
@@ -51,7 +51,7 @@ bool Sections::ReadTable(std::uint8_t system, const ParameterTable& table, const
     if (model_->endsFailedRead) out_.EndMarker();
     return false;
   }
-  Items items(requests_.LastReply().bytes);
+  TlvWalk items(requests_.LastReply().bytes);
   Record record;
   DecodeColumns(table.columns, items, record);
   if (table.mayBeIdle && record.Bytes()[0] == kIdleState) {
@@ -131,7 +131,7 @@ bool Sections::ReadEvents(std::uint8_t system, Kind code) {
 // All records of the reply; after one that does not parse the table ends.
 bool Sections::WriteRecords(const ArchiveKind& kind, WriteRecord write) {
   const Reply& reply = requests_.LastReply();
-  Items items(reply.bytes);
+  TlvWalk items(reply.bytes);
   Stamp stamp;
   int result = kNoMoreRecords;
   while (!out_.Refused() && (result = SkipToRecord(items, reply.length, stamp)) > 0) {
@@ -144,7 +144,7 @@ bool Sections::WriteRecords(const ArchiveKind& kind, WriteRecord write) {
   return false;
 }
 
-void Sections::WriteArchiveRecord(const ArchiveKind& kind, const Stamp& stamp, Items& items) {
+void Sections::WriteArchiveRecord(const ArchiveKind& kind, const Stamp& stamp, TlvWalk& items) {
   TAVDT date = stamp.time;
   if (model_->datedRecords) {
     items.ItemTime(date);
@@ -155,7 +155,7 @@ void Sections::WriteArchiveRecord(const ArchiveKind& kind, const Stamp& stamp, I
   out_.Data(DecodeArchive(table.columns, table.closing, date, items).Bytes());
 }
 
-void Sections::WriteEvent(const ArchiveKind& /*kind*/, const Stamp& stamp, Items& items) {
+void Sections::WriteEvent(const ArchiveKind& /*kind*/, const Stamp& stamp, TlvWalk& items) {
   Record date;
   date.DateTime(stamp.time);
   Entry entry{};

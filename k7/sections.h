@@ -33,15 +33,16 @@ class Sections {
   bool ReadDatabase(std::uint8_t system);
 
  private:
-  using WriteRecord = void (Sections::*)(const ArchiveKind& kind, const Stamp& stamp, Items& items);
+  using WriteRecord = void (Sections::*)(const ArchiveKind& kind, const Stamp& stamp,
+                                         TlvWalk& items);
 
   bool ReadTable(std::uint8_t system, const ParameterTable& table, const char* section);
   bool ReadPeriod(std::uint8_t system, const ArchiveKind& kind, const TAVDT& from);
   const ArchiveTable& TableOf(Kind kind) const;
   void StartArchive(std::uint8_t system, const ArchiveKind& kind);
   bool WriteRecords(const ArchiveKind& kind, WriteRecord write);
-  void WriteArchiveRecord(const ArchiveKind& kind, const Stamp& stamp, Items& items);
-  void WriteEvent(const ArchiveKind& kind, const Stamp& stamp, Items& items);
+  void WriteArchiveRecord(const ArchiveKind& kind, const Stamp& stamp, TlvWalk& items);
+  void WriteEvent(const ArchiveKind& kind, const Stamp& stamp, TlvWalk& items);
   bool FailQuery(const TAVDT& date);
   ChosenUnits Units() const;
 

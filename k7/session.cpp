@@ -4,8 +4,8 @@
 #include <span>
 
 #include "common/format.h"
-#include "k7/items.h"
-#include "k7/messages.h"
+#include "k7/link/messages.h"
+#include "k7/link/tlv.h"
 
 namespace k7 {
 namespace {
@@ -14,7 +14,7 @@ constexpr std::uint8_t kIdentify = 0x3F;
 constexpr std::uint32_t kLargestUnit = 2;
 constexpr std::uint16_t kTimeParameter = 0x0400;  // the date is the next one
 
-std::uint8_t ReadUnit(Items& items) {
+std::uint8_t ReadUnit(TlvWalk& items) {
   return static_cast<std::uint8_t>(std::min(items.ItemText(), kLargestUnit));
 }
 
@@ -66,7 +66,7 @@ bool Session::ReadBasic() {
 }
 
 void Session::DecodeBasic(const Model& model) {
-  Items items(requests_.LastReply().bytes);
+  TlvWalk items(requests_.LastReply().bytes);
   std::uint8_t number[sizeof identity_.devNumber - 1] = {};
   items.ItemBytes(number);
   std::copy(std::begin(number), std::end(number), identity_.devNumber);
@@ -78,7 +78,7 @@ void Session::DecodeBasic(const Model& model) {
 
 bool Session::ReadClock() {
   if (!requests_.ReadParams(0, kTimeParameter, 2, "error dt")) return false;
-  Items items(requests_.LastReply().bytes);
+  TlvWalk items(requests_.LastReply().bytes);
   items.ItemTime(identity_.devClock);
   items.ItemDate(identity_.devClock);
   Say(driver_, DateText(identity_.devClock), "DT");

@@ -4,9 +4,9 @@
 #include <cstdint>
 
 #include "TKSplDrv/driver.h"
+#include "k7/link/transport.h"
 #include "k7/models.h"
 #include "k7/requests.h"
-#include "k7/transport.h"
 
 namespace k7 {
 

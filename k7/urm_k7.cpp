@@ -3,7 +3,7 @@
 
 #include "common/format.h"
 #include "driver/reader.h"
-#include "k7/messages.h"
+#include "k7/link/messages.h"
 #include "k7/plan.h"
 #include "k7/sections.h"
 #include "k7/session.h"

@@ -8,7 +8,7 @@
 #include "driver/reader.h"
 #include "driver/tkspl_drv.h"
 #include "k7/archive_records.h"
-#include "k7/frames.h"
+#include "k7/link/frames.h"
 #include "k7/layouts.h"
 #include "tests/support/fake_clock.h"
 
@@ -131,7 +131,7 @@ void Read(Input& input) {
 void Walk(Input& input, std::size_t size) {
   const Bytes bytes = input.Take(size);
   const std::size_t claimed = bytes.size() + input.Byte();
-  k7::Items items(bytes);
+  k7::TlvWalk items(bytes);
   k7::Stamp stamp;
   while (k7::SkipToRecord(items, claimed, stamp) > 0) {
     k7::DecodeArchive(k7::kArchive521, k7::Closing::kInOrder, stamp.time, items);

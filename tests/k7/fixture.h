@@ -2,7 +2,7 @@
 #pragma once
 
 #include "common/cp1251.h"
-#include "k7/transport.h"
+#include "k7/link/transport.h"
 #include "tests/k7/k7_bytes.h"
 #include "tests/support/reading.h"
 

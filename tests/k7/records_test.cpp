@@ -38,7 +38,7 @@ Bytes RawFloats(int first, int last) {
 }
 
 Bytes Decode(tav::Columns columns, k7::Closing closing, const Bytes& items) {
-  k7::Items walk(items);
+  k7::TlvWalk walk(items);
   const k7::Record record = k7::DecodeArchive(columns, closing, {2016, 3, 31, 23, 1, 2}, walk);
   CHECK(walk.Cursor() == items.size());
   return {record.Bytes().begin(), record.Bytes().end()};

@@ -1,4 +1,4 @@
-#include "k7/items.h"
+#include "k7/link/tlv.h"
 
 #include <doctest/doctest.h>
 
@@ -34,8 +34,8 @@ TEST_CASE("lengths in their short and long forms") {
        }) {
     INFO(std::string(c.head));
     const Bytes bytes = Joined({Hex(c.head), Bytes(400, 0)});
-    k7::Items items(bytes);
-    const k7::Item item = items.NextItem();
+    k7::TlvWalk items(bytes);
+    const k7::Tlv item = items.NextItem();
     CHECK(item.at == c.at);
     CHECK(item.length == c.length);
     CHECK(items.Cursor() == std::min(c.at + c.length, bytes.size()));
@@ -44,28 +44,28 @@ TEST_CASE("lengths in their short and long forms") {
 
 TEST_CASE("what lies behind the buffer reads as zero") {
   const Bytes bytes = Hex("02 04 AA BB");
-  CHECK(k7::Items(bytes).ItemUInt() == 0xBBAA);
-  k7::Items items(bytes, 3);  // the tag is the last byte
+  CHECK(k7::TlvWalk(bytes).ItemUInt() == 0xBBAA);
+  const Bytes tag = Hex("04");
+  k7::TlvWalk items(tag);
   CHECK(items.NextItem().length == 0);
-  CHECK(items.Cursor() == bytes.size());
   CHECK(items.ItemText() == 0);
-  CHECK(items.Cursor() == bytes.size());
+  CHECK(items.Cursor() == tag.size());
 
   std::uint8_t copy[4] = {9, 9, 9, 9};
-  k7::Items(Hex("04 7F AA")).ItemBytes(copy);
+  k7::TlvWalk(Hex("04 7F AA")).ItemBytes(copy);
   CHECK(Bytes(copy, copy + 4) == Hex("AA 00 00 00"));
-  k7::Items(Hex("04 02 AA BB CC")).ItemBytes(copy);
+  k7::TlvWalk(Hex("04 02 AA BB CC")).ItemBytes(copy);
   CHECK(Bytes(copy, copy + 4) == Hex("AA BB 00 00"));
 }
 
 TEST_CASE("numbers in texts, stamps of any length") {
-  CHECK(k7::Items(Hex("02 06 04 03 02 01 09 09")).ItemUInt() == 0x01020304);
-  CHECK(k7::Items(k7test::TextItem(" 7 bar")).ItemText() == 7);
-  CHECK(k7::Items(k7test::TextItem("x1")).ItemText() == 0);
+  CHECK(k7::TlvWalk(Hex("02 06 04 03 02 01 09 09")).ItemUInt() == 0x01020304);
+  CHECK(k7::TlvWalk(k7test::TextItem(" 7 bar")).ItemText() == 7);
+  CHECK(k7::TlvWalk(k7test::TextItem("x1")).ItemText() == 0);
   const std::string digits = std::string(253, '0') + "57";
-  CHECK(k7::Items(k7test::TextItem(digits.c_str())).ItemText() == 5);    // 254 characters are read
-  CHECK(k7::Items(Hex("09 04 01 00 A0 7F")).ItemFloat() == 0x7FA00001);  // a NaN stays as it is
-  CHECK(k7::Items(k7test::IntFloatItem(-3, 0.25F)).ItemIntFloat() == -2.75);
+  CHECK(k7::TlvWalk(k7test::TextItem(digits.c_str())).ItemText() == 5);  // 254 characters are read
+  CHECK(k7::TlvWalk(Hex("09 04 01 00 A0 7F")).ItemFloat() == 0x7FA00001);  // a NaN stays as it is
+  CHECK(k7::TlvWalk(k7test::IntFloatItem(-3, 0.25F)).ItemIntFloat() == -2.75);
   struct Case {
     const char* value;
     TAVDT time;
@@ -79,7 +79,7 @@ TEST_CASE("numbers in texts, stamps of any length") {
     INFO(std::string(c.value));
     const Bytes item = Joined({Item(0x49, Hex(c.value)), Hex("77 77")});
     std::size_t length = 99;
-    const k7::Stamp stamp = k7::Items(item).ItemStamp(length);
+    const k7::Stamp stamp = k7::TlvWalk(item).ItemStamp(length);
     CHECK(SameTime(stamp.time, c.time));
     CHECK(stamp.extra == c.extra);
     CHECK(length == Hex(c.value).size());
@@ -102,7 +102,7 @@ TEST_CASE("what is no record in an archive reply") {
        }) {
     INFO(std::string(c.bytes));
     const Bytes bytes = Hex(c.bytes);
-    k7::Items items(bytes);
+    k7::TlvWalk items(bytes);
     k7::Stamp stamp;
     CHECK(k7::SkipToRecord(items, bytes.size(), stamp) == c.result);
     CHECK(items.Cursor() == c.cursor);

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <span>
 
-#include "k7/crc.h"
+#include "k7/link/crc.h"
 
 namespace k7 {
 

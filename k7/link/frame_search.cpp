@@ -1,8 +1,8 @@
-#include "k7/frame_search.h"
+#include "k7/link/frame_search.h"
 
 #include <algorithm>
 
-#include "k7/frames.h"
+#include "k7/link/frames.h"
 
 namespace k7 {
 namespace {

@@ -5,9 +5,9 @@
 #include <span>
 
 #include "TKSplDrv/driver.h"
-#include "k7/frame_search.h"
-#include "k7/frames.h"
-#include "k7/reply.h"
+#include "k7/link/frame_search.h"
+#include "k7/link/frames.h"
+#include "k7/link/reply.h"
 
 namespace k7 {
 

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "k7/frame_search.h"
+#include "k7/link/frame_search.h"
 
 namespace k7 {
 

@@ -1,4 +1,4 @@
-#include "k7/items.h"
+#include "k7/link/tlv.h"
 
 #include <algorithm>
 #include <bit>
@@ -18,7 +18,7 @@ std::uint16_t Year(std::uint8_t sinceCentury) {
 
 }  // namespace
 
-Item Items::Locate() const {
+Tlv TlvWalk::Locate() const {
   const std::uint8_t first = At(cursor_ + 1);
   if ((first & kLongForm) == 0) return {cursor_ + 2, first};
   const std::size_t count = first & (kLongForm - 1U);
@@ -29,21 +29,21 @@ Item Items::Locate() const {
   return {cursor_ + 2 + count, length};
 }
 
-void Items::MoveTo(std::size_t index) { cursor_ = std::min(index, bytes_.size()); }
+void TlvWalk::MoveTo(std::size_t index) { cursor_ = std::min(index, bytes_.size()); }
 
-Item Items::NextItem() {
-  const Item item = Locate();
+Tlv TlvWalk::NextItem() {
+  const Tlv item = Locate();
   MoveTo(item.at + item.length);
   return item;
 }
 
-Item Items::EnterItem() {
-  const Item item = Locate();
+Tlv TlvWalk::EnterItem() {
+  const Tlv item = Locate();
   MoveTo(item.at);
   return item;
 }
 
-std::uint32_t Items::UInt32(std::size_t index, std::size_t count) const {
+std::uint32_t TlvWalk::UInt32(std::size_t index, std::size_t count) const {
   std::uint32_t value = 0;
   for (std::size_t i = 0; i < std::min<std::size_t>(count, 4); ++i) {
     value |= std::uint32_t{At(index + i)} << (8 * i);
@@ -51,45 +51,45 @@ std::uint32_t Items::UInt32(std::size_t index, std::size_t count) const {
   return value;
 }
 
-std::uint32_t Items::ItemUInt() {
-  const Item item = NextItem();
+std::uint32_t TlvWalk::ItemUInt() {
+  const Tlv item = NextItem();
   return UInt32(item.at, item.length);
 }
 
-std::uint32_t Items::ItemText() {
+std::uint32_t TlvWalk::ItemText() {
   char text[kLongestText + 1] = {};
-  const Item item = NextItem();
+  const Tlv item = NextItem();
   for (std::size_t i = 0; i < std::min(item.length, kLongestText); ++i) {
     text[i] = static_cast<char>(At(item.at + i));
   }
   return common::ScanUnsigned(text);
 }
 
-std::uint32_t Items::ItemFloat() { return UInt32(NextItem().at); }
+std::uint32_t TlvWalk::ItemFloat() { return UInt32(NextItem().at); }
 
-double Items::ItemIntFloat() {
-  const Item item = NextItem();
+double TlvWalk::ItemIntFloat() {
+  const Tlv item = NextItem();
   const auto whole = static_cast<std::int32_t>(UInt32(item.at));
   const auto fraction = std::bit_cast<float>(UInt32(item.at + 4));
   return static_cast<double>(whole) + static_cast<double>(fraction);
 }
 
-void Items::ItemDate(TAVDT& time) {
-  const Item item = NextItem();
+void TlvWalk::ItemDate(TAVDT& time) {
+  const Tlv item = NextItem();
   time.day = At(item.at);
   time.month = At(item.at + 1);
   time.year = Year(At(item.at + 2));
 }
 
-void Items::ItemTime(TAVDT& time) {
-  const Item item = NextItem();
+void TlvWalk::ItemTime(TAVDT& time) {
+  const Tlv item = NextItem();
   time.second = At(item.at + 1);
   time.minute = At(item.at + 2);
   time.hour = At(item.at + 3);
 }
 
-Stamp Items::ItemStamp(std::size_t& length) {
-  const Item item = NextItem();
+Stamp TlvWalk::ItemStamp(std::size_t& length) {
+  const Tlv item = NextItem();
   length = item.length;
   std::uint8_t fields[8] = {};
   for (std::size_t i = 0; i < std::min(length, sizeof fields); ++i) fields[i] = At(item.at + i);
@@ -106,8 +106,8 @@ Stamp Items::ItemStamp(std::size_t& length) {
   return stamp;
 }
 
-void Items::ItemBytes(std::span<std::uint8_t> destination) {
-  const Item item = NextItem();
+void TlvWalk::ItemBytes(std::span<std::uint8_t> destination) {
+  const Tlv item = NextItem();
   const std::size_t count = std::min(item.length, destination.size());
   for (std::size_t i = 0; i < count; ++i) destination[i] = At(item.at + i);
 }

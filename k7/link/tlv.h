@@ -1,5 +1,6 @@
-// The tagged items of replies: a tag byte, a length, a value. The length is one byte up to 7F, or
-// 80 + n and n bytes, most significant first. Tags are not looked at here.
+// Tag-length-value items with BER lengths, which replies consist of: a tag byte, a length, a value.
+// The length is one byte up to 7F, or 80 + n and n bytes, most significant first. The decoders do
+// not look at tags.
 //
 // Lengths are the instrument's word: whatever they claim, the walk stays inside its buffer, and
 // what would lie behind it reads as zero.
@@ -13,8 +14,8 @@
 
 namespace k7 {
 
-// Where an item's value lies. length is what the item claims, at most kMostItemLength.
-struct Item {
+// Where an item's value lies; length is what the item claims, at most kMostItemLength.
+struct Tlv {
   std::size_t at = 0;
   std::size_t length = 0;
 };
@@ -28,20 +29,19 @@ struct Stamp {
   std::uint16_t extra = 0;
 };
 
-class Items {
+class TlvWalk {
  public:
   // bytes: the whole reply buffer, which outlives the walk.
-  explicit Items(std::span<const std::uint8_t> bytes, std::size_t cursor = 0)
-      : bytes_(bytes), cursor_(cursor) {}
+  explicit TlvWalk(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
 
   std::size_t Cursor() const { return cursor_; }
   // The tag of the item at the cursor.
   std::uint8_t Tag() const { return At(cursor_); }
 
   // The item at the cursor, which moves behind it.
-  Item NextItem();
+  Tlv NextItem();
   // The same, but the cursor moves to the value: the next item is the first one inside.
-  Item EnterItem();
+  Tlv EnterItem();
 
   // The decoders take the next item. Those of a fixed size read that many bytes from where the
   // value starts, whatever length the item claims.
@@ -68,11 +68,11 @@ class Items {
   // 0 behind the end.
   std::uint8_t At(std::size_t index) const { return index < bytes_.size() ? bytes_[index] : 0; }
   std::uint32_t UInt32(std::size_t index, std::size_t count = 4) const;
-  Item Locate() const;
+  Tlv Locate() const;
   void MoveTo(std::size_t index);
 
   std::span<const std::uint8_t> bytes_;
-  std::size_t cursor_;
+  std::size_t cursor_ = 0;
 };
 
 }  // namespace k7

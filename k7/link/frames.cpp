@@ -1,8 +1,8 @@
-#include "k7/frames.h"
+#include "k7/link/frames.h"
 
 #include <algorithm>
 
-#include "k7/crc.h"
+#include "k7/link/crc.h"
 
 namespace k7 {
 namespace {

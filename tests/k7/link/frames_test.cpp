@@ -1,8 +1,8 @@
-#include "k7/frames.h"
+#include "k7/link/frames.h"
 
 #include <doctest/doctest.h>
 
-#include "k7/crc.h"
+#include "k7/link/crc.h"
 #include "tests/k7/k7_bytes.h"
 
 using support::Bytes;

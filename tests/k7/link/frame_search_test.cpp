@@ -1,5 +1,5 @@
 // The searches against the literal ones, which look through everything received after each byte.
-#include "k7/frame_search.h"
+#include "k7/link/frame_search.h"
 
 #include <doctest/doctest.h>
 

@@ -1,4 +1,4 @@
-#include "k7/transport.h"
+#include "k7/link/transport.h"
 
 #include <doctest/doctest.h>
 

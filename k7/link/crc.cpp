@@ -1,4 +1,4 @@
-#include "k7/crc.h"
+#include "k7/link/crc.h"
 
 #include <array>
 

@@ -1,8 +1,8 @@
-#include "k7/transport.h"
+#include "k7/link/transport.h"
 
 #include <algorithm>
 
-#include "k7/messages.h"
+#include "k7/link/messages.h"
 #include "platform/platform.h"
 
 namespace k7 {
