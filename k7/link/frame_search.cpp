@@ -1,8 +1,6 @@
 #include "k7/link/frame_search.h"
 
-#include <algorithm>
-
-#include "k7/link/frames.h"
+#include "k7/link/crc.h"
 
 namespace k7 {
 namespace {
@@ -13,8 +11,6 @@ using State = SearchResult::State;
 constexpr std::size_t kLengthAt = 5;
 constexpr std::size_t kCommandAt = 7;
 constexpr std::size_t kDataAt = 8;
-// From the start to the last byte of a long frame, beside its length.
-constexpr std::size_t kToLongEnd = kLongOverhead - 1;
 
 // Neither search looks at anything before six bytes are there.
 constexpr std::size_t kFirstLook = 5;
@@ -24,6 +20,11 @@ std::size_t LengthOf(const RxBuf& received, std::size_t start) {
   return received[start + kLengthAt] + 256U * received[start + kLengthAt + 1];
 }
 
+// The last byte of the frame that starts there.
+std::size_t EndOf(const RxBuf& received, std::size_t start) {
+  return start + LengthOf(received, start) + kLongOverhead - 1;
+}
+
 }  // namespace
 
 void LongFrameSearch::Start(std::uint8_t address, std::uint8_t sequence,
@@ -31,10 +32,36 @@ void LongFrameSearch::Start(std::uint8_t address, std::uint8_t sequence,
   address_ = address;
   sequence_ = sequence;
   request_ = request;
-  crc_ = {};
-  hiddenFrom_ = kReceiveLimit;
-  // Only the places that candidates took are cleared: the cost stays that of the bytes received.
-  while (count_ > 0) endingAt_[candidates_[--count_].end] = 0;
+  lookAt_ = nextEnd_ = hiddenFrom_ = kReceiveLimit;
+}
+
+// A frame ends here, or the length of one that may start six bytes back is complete.
+SearchResult LongFrameSearch::Look(const RxBuf& received, std::size_t last) {
+  const SearchResult result = last == nextEnd_ ? LookAtFrames(received, last) : SearchResult{};
+  NoteStart(received, last - kToLengthEnd);
+  lookAt_ = nextEnd_;
+  for (std::size_t start = last; start > last - kToLengthEnd; --start) {
+    if (received[start] == kStartByte) lookAt_ = std::min(nextEnd_, start + kToLengthEnd);
+  }
+  return result;
+}
+
+// From the first start on: of the frames that end here, and for the next end of one.
+SearchResult LongFrameSearch::LookAtFrames(const RxBuf& received, std::size_t last) {
+  nextEnd_ = kReceiveLimit;
+  const std::size_t startsEnd = std::min(hiddenFrom_, last - kToLengthEnd);
+  for (std::size_t start = 0; start < startsEnd; ++start) {
+    if (!IsStart(received, start)) continue;
+    const std::size_t end = EndOf(received, start);
+    if (end > last) nextEnd_ = std::min(nextEnd_, end);
+    if (end == last && IsReply(received, start, end)) return Found(received, start);
+  }
+  return {};
+}
+
+void LongFrameSearch::NoteStart(const RxBuf& received, std::size_t start) {
+  if (start >= hiddenFrom_ || !IsStart(received, start)) return;
+  nextEnd_ = std::min(nextEnd_, EndOf(received, start));
 }
 
 bool LongFrameSearch::IsStart(const RxBuf& received, std::size_t start) const {
@@ -43,54 +70,18 @@ bool LongFrameSearch::IsStart(const RxBuf& received, std::size_t start) const {
          received[start + 4] == 0;
 }
 
-// With the byte at last the length of a frame that starts six bytes before it is complete.
-void LongFrameSearch::NoteCandidate(const RxBuf& received, std::size_t last) {
-  if (last < kLengthAt + 1) return;
-  const std::size_t start = last - (kLengthAt + 1);
-  if (start >= hiddenFrom_ || !IsStart(received, start)) return;
-  const std::size_t end = start + LengthOf(received, start) + kToLongEnd;
-  if (end >= kReceiveLimit) return;
-  candidates_[count_] = {static_cast<std::uint16_t>(start), static_cast<std::uint16_t>(end),
-                         recentCrc_[(start + 1) % recentCrc_.size()].Value(), endingAt_[end]};
-  endingAt_[end] = static_cast<std::uint16_t>(++count_);
+// Bytes with their own checksum behind them sum up to 0.
+bool LongFrameSearch::IsReply(const RxBuf& received, std::size_t start, std::size_t end) const {
+  const auto frame = std::span(received).subspan(start, end + 1 - start);
+  return Crc16(frame.subspan(1)) == 0 &&
+         !std::equal(frame.begin(), frame.end(), request_.begin(), request_.end());
 }
 
-bool LongFrameSearch::IsEcho(const RxBuf& received, const Candidate& frame) const {
-  const std::size_t size = std::size_t{frame.end} - frame.start + 1;
-  return size == request_.size() &&
-         std::equal(request_.begin(), request_.end(), received.begin() + frame.start);
-}
-
-// Later starts come first in the list, so the last valid one is the answer.
-const LongFrameSearch::Candidate* LongFrameSearch::FirstValid(const RxBuf& received,
-                                                              std::size_t last) const {
-  std::size_t number = endingAt_[last];
-  if (number == 0) return nullptr;
-  const std::uint16_t crc = crc_.Value();
-  const Candidate* first = nullptr;
-  while (number != 0) {
-    const Candidate& candidate = candidates_[number - 1];
-    if (candidate.start < hiddenFrom_ && candidate.crcBefore == crc &&
-        !IsEcho(received, candidate)) {
-      first = &candidate;
-    }
-    number = candidate.next;
-  }
-  return first;
-}
-
-SearchResult LongFrameSearch::FindLongFrame(const RxBuf& received, std::size_t last) {
-  recentCrc_[last % recentCrc_.size()] = crc_;
-  crc_.Add(received[last]);
-  NoteCandidate(received, last);
-  const Candidate* const frame = FirstValid(received, last);
-  if (frame == nullptr) return {};
-  const std::uint8_t command = received[frame->start + kCommandAt];
-  if (command == 0) {
-    hiddenFrom_ = frame->start;
-    return {};
-  }
-  return {State::kFound, command, frame->start + kDataAt, LengthOf(received, frame->start)};
+SearchResult LongFrameSearch::Found(const RxBuf& received, std::size_t start) {
+  const std::uint8_t command = received[start + kCommandAt];
+  if (command != 0) return {State::kFound, command, start + kDataAt, LengthOf(received, start)};
+  hiddenFrom_ = start;
+  return {};
 }
 
 void ShortFrameSearch::Start(std::uint8_t address) {

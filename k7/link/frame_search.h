@@ -1,14 +1,14 @@
-// Finding the reply in the bytes that arrive. Both searches are told of each byte once and answer
-// as if they had searched everything received so far from its beginning; their cost is
-// proportional to the number of bytes, whatever these are.
+// Finding the reply in the bytes that arrive. Both searches are told of each byte once and return
+// what a search through everything received so far would find.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 
-#include "k7/link/crc.h"
+#include "k7/link/frames.h"
 
 namespace k7 {
 
@@ -37,38 +37,38 @@ struct SearchResult {
 // - A valid frame with command 0 is never a reply and hides everything that starts behind it, for
 //   the rest of the attempt: intended.
 // - Of several frames that end with the same byte, the one that starts first counts.
+//
+// A byte costs two comparisons, and each frame start one checksum of the frame that it claims, when
+// that frame's last byte is there. The reply of an instrument is one start. At worst 9362 starts,
+// one behind the other in 65535 bytes, claim everything behind them: 3 * 10^8 steps of the checksum
+// in an attempt, less than a second.
 class LongFrameSearch {
  public:
   // Begins an attempt. request: the frame that was sent; it stays where it is until the end.
   void Start(std::uint8_t address, std::uint8_t sequence, std::span<const std::uint8_t> request);
   // received[last] is the byte that arrived; called for last = 0, 1, 2, ... in turn.
-  SearchResult FindLongFrame(const RxBuf& received, std::size_t last);
+  SearchResult FindLongFrame(const RxBuf& received, std::size_t last) {
+    if (received[last] == kStartByte) lookAt_ = std::min(lookAt_, last + kToLengthEnd);
+    return last == lookAt_ ? Look(received, last) : SearchResult{};
+  }
 
  private:
-  // A frame start whose last byte has not arrived yet.
-  struct Candidate {
-    std::uint16_t start;
-    std::uint16_t end;        // index of the frame's last byte
-    std::uint16_t crcBefore;  // the stream's CRC before the first covered byte
-    std::uint16_t next;       // 1 + the index of the one noted before it that ends at the same byte
-  };
-  // A start needs at least three bytes until the next one can follow.
-  static constexpr std::size_t kMostCandidates = kReceiveLimit / 3 + 1;
+  // From a frame's start to the last byte of its length.
+  static constexpr std::size_t kToLengthEnd = 6;
 
+  SearchResult Look(const RxBuf& received, std::size_t last);
+  SearchResult LookAtFrames(const RxBuf& received, std::size_t last);
+  void NoteStart(const RxBuf& received, std::size_t start);
   bool IsStart(const RxBuf& received, std::size_t start) const;
-  void NoteCandidate(const RxBuf& received, std::size_t last);
-  const Candidate* FirstValid(const RxBuf& received, std::size_t last) const;
-  bool IsEcho(const RxBuf& received, const Candidate& frame) const;
+  bool IsReply(const RxBuf& received, std::size_t start, std::size_t end) const;
+  SearchResult Found(const RxBuf& received, std::size_t start);
 
   std::uint8_t address_ = 0;
   std::uint8_t sequence_ = 0;
   std::span<const std::uint8_t> request_;
-  StreamCrc crc_;
-  std::array<StreamCrc, 8> recentCrc_{};    // before each of the last eight bytes, by index mod 8
+  std::size_t lookAt_ = kReceiveLimit;      // the byte at which there is something to do
+  std::size_t nextEnd_ = kReceiveLimit;     // the next byte that ends a frame that has started
   std::size_t hiddenFrom_ = kReceiveLimit;  // starts from here on are no longer looked at
-  std::size_t count_ = 0;
-  std::array<Candidate, kMostCandidates> candidates_{};
-  std::array<std::uint16_t, kReceiveLimit> endingAt_{};  // 1 + index of a candidate; 0: none
 };
 
 // Short frames with the address of the request. The stop byte is sought at one place only, four
