@@ -25,7 +25,3 @@ inline bool GroupWanted(const TavDrvV1& driver, tav::ReadGroup group) {
   const int index = GroupIndex(group);
   return driver.groupFlag[index] != 0 || driver.groupFlag[index + 1] != 0;
 }
-
-inline bool GroupWanted(const TavDrvV1& driver, char upper) {
-  return GroupWanted(driver, static_cast<tav::ReadGroup>(upper));
-}

@@ -1,6 +1,9 @@
 // The tables of columns and the output stream, under their own names in this protocol.
 #pragma once
 
+#include <array>
+#include <cstdint>
+
 #include "driver/column.h"
 #include "driver/record_stream.h"
 
@@ -10,7 +13,8 @@ using tav::ChosenUnits;
 using tav::Column;
 using tav::ColumnCount;
 using tav::Columns;
-
+using tav::Join;
+using tav::ReadGroup;
 using tav::RecordSize;
 using tav::RecordStream;
 using tav::Role;
@@ -18,5 +22,9 @@ using tav::TitleKind;
 using tav::Type;
 using tav::Unit;
 using tav::WidthOf;
+
+// One entry of a parameter database or of a log, in the instrument's characters, zero-filled.
+inline constexpr std::uint8_t kEntrySize = 50;
+using Entry = std::array<std::uint8_t, kEntrySize>;
 
 }  // namespace k7

@@ -3,6 +3,7 @@
 
 #include "TKSplDrv/driver.h"
 #include "common/format.h"
+#include "k7/link/reply.h"
 
 namespace k7 {
 
@@ -16,10 +17,14 @@ inline common::ShortText DateText(const TAVDT& time) {
                         time.minute, time.second);
 }
 
-// A reply to another command than the one that was sent.
-inline void SayWrongCommand(TavDrvV1& driver, unsigned sent, int received, const char* subject) {
-  Say(driver, common::Format("not 0x%X result=0x%X", sent, static_cast<unsigned>(received)),
-      subject);
+// Whether a reply came to the command that was sent. One to another command is reported.
+inline bool Replied(TavDrvV1& driver, std::uint8_t sent, ReceivedCommand received,
+                    const char* subject) {
+  if (received && *received != sent) {
+    Say(driver, common::Format("not 0x%X result=0x%X", unsigned{sent}, unsigned{*received}),
+        subject);
+  }
+  return received == sent;
 }
 
 }  // namespace k7

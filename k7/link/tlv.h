@@ -23,7 +23,8 @@ struct Tlv {
 // Longer than any buffer.
 inline constexpr std::size_t kMostItemLength = 0x10000;
 
-// An archive time stamp.
+// An archive time stamp, the value of an item with this tag.
+inline constexpr std::uint8_t kStampTag = 0x49;
 struct Stamp {
   TAVDT time{};
   std::uint16_t extra = 0;

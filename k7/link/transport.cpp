@@ -24,54 +24,42 @@ void Transport::Open(std::uint8_t address, FrameMode mode) {
 void Transport::WakeUp(Reply& reply) {
   txBuf_.fill(0xFF);
   Write(std::span(txBuf_).first(kWakeUpBytes));
-  reply.Clear();
   Read(kByteTimeoutMs, 0, reply.bytes.data());
   platform::Sleep(kWakeUpPauseMs);
   reply.Clear();
 }
 
-int Transport::K7Query(std::uint8_t command, std::span<const std::uint8_t> data, Reply& reply) {
+ReceivedCommand Transport::K7Query(std::uint8_t command, std::span<const std::uint8_t> data,
+                                   Reply& reply) {
   ++seqNo_;
   const int attempts = driver_.param[0];
   for (int i = 0; i < attempts; ++i) {
-    if (driver_.IsStop() != 0) return kStoppedByHost;
-    const int result = Exchange(command, data, reply);
-    if (result > 0) return result;
+    if (driver_.IsStop() != 0) return {};
+    if (const ReceivedCommand received = Exchange(command, data, reply)) return received;
     Say(driver_, common::Format("i=%d count=%d", i + 1, attempts), "warning query");
   }
   Say(driver_, common::Format("count=%d", attempts), "error query");
-  return kAttemptsUsed;
+  return {};
 }
 
-int Transport::Exchange(std::uint8_t command, std::span<const std::uint8_t> data, Reply& reply) {
-  switch (frameMode_) {
-    case FrameMode::kShort:
-      SendShortFrame(command, data);
-      return ReceiveShortFrame(reply);
-    case FrameMode::kLong:
-      return ReceiveLongFrame(SendLongFrame(command, data), reply);
+ReceivedCommand Transport::Exchange(std::uint8_t command, std::span<const std::uint8_t> data,
+                                    Reply& reply) {
+  if (frameMode_ == FrameMode::kShort) {
+    Write(BuildShortFrame(txBuf_, devAddr_, command, data));
+    return ReceiveShortFrame(reply);
   }
-  return kUnknownFrameMode;
+  const auto request = BuildLongFrame(txBuf_, devAddr_, seqNo_, command, data);
+  Write(request);
+  return ReceiveLongFrame(request, reply);
 }
 
-std::span<const std::uint8_t> Transport::SendLongFrame(std::uint8_t command,
-                                                       std::span<const std::uint8_t> data) {
-  const auto frame = BuildLongFrame(txBuf_, devAddr_, seqNo_, command, data);
-  Write(frame);
-  return frame;
-}
-
-void Transport::SendShortFrame(std::uint8_t command, std::span<const std::uint8_t> data) {
-  Write(BuildShortFrame(txBuf_, devAddr_, command, data));
-}
-
-int Transport::ReceiveLongFrame(std::span<const std::uint8_t> request, Reply& reply) {
+ReceivedCommand Transport::ReceiveLongFrame(std::span<const std::uint8_t> request, Reply& reply) {
   longSearch_.Start(devAddr_, seqNo_, request);
   return Receive([this](std::size_t last) { return longSearch_.FindLongFrame(rxBuf_, last); },
                  reply);
 }
 
-int Transport::ReceiveShortFrame(Reply& reply) {
+ReceivedCommand Transport::ReceiveShortFrame(Reply& reply) {
   shortSearch_.Start(devAddr_);
   return Receive([this](std::size_t last) { return shortSearch_.FindShortFrame(rxBuf_, last); },
                  reply);
@@ -79,22 +67,25 @@ int Transport::ReceiveShortFrame(Reply& reply) {
 
 // The searches never look behind the newest byte, so that the buffer need not be cleared.
 template <typename Find>
-int Transport::Receive(Find find, Reply& reply) {
+ReceivedCommand Transport::Receive(Find find, Reply& reply) {
   for (std::size_t ir = 0; ir < kReceiveLimit; ++ir) {
-    if (driver_.IsStop() != 0) return kStoppedByHost;
+    if (driver_.IsStop() != 0) return {};
     if (Read(kByteTimeoutMs, 1, &rxBuf_[ir]) < 1) {
       Say(driver_, common::Format("ir=%d", static_cast<int>(ir)), "error read (0)");
-      return kNoByte;
+      return {};
     }
     const SearchResult found = find(ir);
     if (found.state == SearchResult::State::kFound) return Accept(found, reply);
-    if (found.state == SearchResult::State::kEndless) return WaitForStop();
+    if (found.state == SearchResult::State::kEndless) {
+      WaitForStop();
+      return {};
+    }
   }
   Say(driver_, common::Format("ir=%d", static_cast<int>(kReceiveLimit)), "error read full");
-  return kNoFrame;
+  return {};
 }
 
-int Transport::Accept(const SearchResult& found, Reply& reply) const {
+ReceivedCommand Transport::Accept(const SearchResult& found, Reply& reply) const {
   std::copy_n(rxBuf_.begin() + static_cast<std::ptrdiff_t>(found.dataAt), found.length,
               reply.bytes.begin());
   reply.length = found.length;
@@ -102,9 +93,8 @@ int Transport::Accept(const SearchResult& found, Reply& reply) const {
 }
 
 // A search without an end must not take the processor for as long as the host lets it run.
-int Transport::WaitForStop() {
+void Transport::WaitForStop() {
   while (driver_.IsStop() == 0) platform::Sleep(kStopPollMs);
-  return kStoppedByHost;
 }
 
 // Whether it was written shows when no reply comes.

@@ -11,20 +11,11 @@
 
 namespace k7 {
 
-// Results of an exchange; a positive one is the command of the accepted reply.
-enum LinkCode : int {
-  kUnknownFrameMode = -1,
-  kNoByte = -2,         // the port delivered nothing
-  kNoFrame = -3,        // the receive buffer is full without a frame
-  kAttemptsUsed = -4,   // every attempt failed
-  kStoppedByHost = -6,  // the host asked to stop
-};
-
-enum class FrameMode : std::uint8_t { kShort = 1, kLong = 2 };
+enum class FrameMode { kShort, kLong };
 
 class Transport {
  public:
-  // host outlives the transport. Its parameter 1 is the number of attempts.
+  // driver outlives the transport. Its parameter 1 is the number of attempts.
   explicit Transport(TavDrvV1& driver) : driver_(driver) {}
 
   // Starts a link from its initial state.
@@ -33,19 +24,16 @@ class Transport {
   void WakeUp(Reply& reply);
   // Sends a command with its data and waits for the reply, again after each failure. All attempts
   // carry one sequence number. reply is written only when a reply was accepted.
-  int K7Query(std::uint8_t command, std::span<const std::uint8_t> data, Reply& reply);
+  ReceivedCommand K7Query(std::uint8_t command, std::span<const std::uint8_t> data, Reply& reply);
 
  private:
-  int Exchange(std::uint8_t command, std::span<const std::uint8_t> data, Reply& reply);
-  std::span<const std::uint8_t> SendLongFrame(std::uint8_t command,
-                                              std::span<const std::uint8_t> data);
-  void SendShortFrame(std::uint8_t command, std::span<const std::uint8_t> data);
-  int ReceiveLongFrame(std::span<const std::uint8_t> request, Reply& reply);
-  int ReceiveShortFrame(Reply& reply);
+  ReceivedCommand Exchange(std::uint8_t command, std::span<const std::uint8_t> data, Reply& reply);
+  ReceivedCommand ReceiveLongFrame(std::span<const std::uint8_t> request, Reply& reply);
+  ReceivedCommand ReceiveShortFrame(Reply& reply);
   template <typename Find>
-  int Receive(Find find, Reply& reply);
-  int Accept(const SearchResult& found, Reply& reply) const;
-  int WaitForStop();
+  ReceivedCommand Receive(Find find, Reply& reply);
+  ReceivedCommand Accept(const SearchResult& found, Reply& reply) const;
+  void WaitForStop();
   void Write(std::span<const std::uint8_t> bytes);
   int Read(unsigned timeoutMs, unsigned count, std::uint8_t* destination);
 

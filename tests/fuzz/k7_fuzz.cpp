@@ -7,9 +7,8 @@
 
 #include "driver/reader.h"
 #include "driver/tkspl_drv.h"
-#include "k7/archive_records.h"
 #include "k7/link/frames.h"
-#include "k7/layouts.h"
+#include "k7/models/catalogue.h"
 #include "tests/support/fake_clock.h"
 
 namespace {
@@ -133,9 +132,12 @@ void Walk(Input& input, std::size_t size) {
   const std::size_t claimed = bytes.size() + input.Byte();
   k7::TlvWalk items(bytes);
   k7::Stamp stamp;
-  while (k7::SkipToRecord(items, claimed, stamp) > 0) {
-    k7::DecodeArchive(k7::kArchive521, k7::Closing::kInOrder, stamp.time, items);
-    k7::DecodeArchive(k7::kControl521, k7::Closing::kReversed, stamp.time, items);
+  while (k7::SkipToRecord(items, claimed, stamp) == k7::Found::kRecord) {
+    for (const auto& table : {k7::kModel521.periodic, k7::kModel521.control}) {
+      std::uint8_t space[k7::kLargestRecord];
+      k7::Record record(space);
+      k7::DecodeArchive(table.columns, table.closing, stamp.time, items, record);
+    }
     std::uint8_t entry[50];
     items.ItemBytes(entry);
     items.ItemText();

@@ -3,8 +3,7 @@
 
 #include <cstring>
 
-#include "k7/archive_records.h"
-#include "k7/layouts.h"
+#include "k7/models/catalogue.h"
 #include "tests/k7/scripted_urm.h"
 
 using namespace common::literals;
@@ -39,7 +38,9 @@ Bytes RawFloats(int first, int last) {
 
 Bytes Decode(tav::Columns columns, k7::Closing closing, const Bytes& items) {
   k7::TlvWalk walk(items);
-  const k7::Record record = k7::DecodeArchive(columns, closing, {2016, 3, 31, 23, 1, 2}, walk);
+  std::uint8_t space[k7::kLargestRecord];
+  k7::Record record(space);
+  k7::DecodeArchive(columns, closing, {2016, 3, 31, 23, 1, 2}, walk, record);
   CHECK(walk.Cursor() == items.size());
   return {record.Bytes().begin(), record.Bytes().end()};
 }
@@ -50,13 +51,13 @@ const Bytes kCodes = Joined({k7test::UIntItem(1000), k7test::UIntItem(2000)});
 }  // namespace
 
 TEST_CASE("archive record of a 521: 38 floats and the two integers") {
-  CHECK(Decode(k7::kArchive521, k7::Closing::kInOrder,
+  CHECK(Decode(k7::kModel521.periodic.columns, k7::Closing::kInOrder,
                Joined({k7test::UIntItem(5), Floats(1, 38), kCodes})) ==
         Joined({kHead, RawFloats(1, 38), Raw(1000U), Raw(2000U)}));
 }
 
 TEST_CASE("archive record of a 523: the first integer overwrites the 25th float") {
-  CHECK(Decode(k7::kArchive523, k7::Closing::kSpareFloat,
+  CHECK(Decode(k7::kModel523.periodic.columns, k7::Closing::kSpareFloat,
                Joined({k7test::UIntItem(5), Floats(1, 25), kCodes})) ==
         Joined({kHead, RawFloats(1, 24), Raw(1000U), Raw(2000U)}));
 }
@@ -68,7 +69,7 @@ TEST_CASE("control record of a 521: four zero bytes, then the integers in revers
     rawSums = Joined({rawSums, Raw(i + 0.5)});
   }
   const Bytes record =
-      Decode(k7::kControl521, k7::Closing::kReversed,
+      Decode(k7::kModel521.control.columns, k7::Closing::kReversed,
              Joined({k7test::UIntItem(5), Floats(1, 17), sums, Floats(18, 35), kCodes}));
   CHECK(record == Joined({kHead, RawFloats(1, 17), rawSums, RawFloats(18, 35), Bytes(4, 0),
                           Raw(2000U), Raw(1000U)}));

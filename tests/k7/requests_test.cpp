@@ -1,10 +1,9 @@
-#include "k7/requests.h"
-
 #include <doctest/doctest.h>
 
 #include <cstring>
 #include <memory>
 
+#include "k7/reads/parameter_block.h"
 #include "tests/k7/fixture.h"
 
 using k7test::Answer;
@@ -22,9 +21,13 @@ struct Line : k7test::Host {
     k7test::Attach(port, [command, data](const k7test::Request&) { return Answer{command, data}; });
   }
 
+  bool ReadBlock(k7::ParameterBlock block) {
+    return k7::ReadParamBlock(driver, *requests, out, 0, block);
+  }
+
   std::unique_ptr<k7::Transport> transport = std::make_unique<k7::Transport>(driver);
   tav::RecordStream out{driver};
-  std::unique_ptr<k7::Requests> requests = std::make_unique<k7::Requests>(driver, *transport, out);
+  std::unique_ptr<k7::Requests> requests = std::make_unique<k7::Requests>(driver, *transport);
 };
 
 Bytes Entry(const char* text) {
@@ -49,22 +52,22 @@ TEST_CASE("a block's entries become records of 50 bytes") {
   Line line;
   const std::string longText(60, 'x');
   line.Answers(0x72, Joined({TextItem("12"), TextItem(""), TextItem(longText.c_str())}));
-  CHECK(line.requests->ReadParamBlock(0, 10, 4));
+  CHECK(line.ReadBlock({10, 4}));
   CHECK(line.stream.writes ==
         std::vector<Bytes>{Entry("12"), Entry(""), Entry(longText.c_str()), Entry("")});
 
-  CHECK(line.requests->ReadParamBlock(0, 0, 21));  // one more than a block may have
+  CHECK(line.ReadBlock({0, 21}));  // one more than a block may have
   CHECK(k7test::ParseLong(line.port.writes[1])->data.size() == 100);
   CHECK(line.stream.writes.size() == 4 + 20);
 }
 
 TEST_CASE("a block read turned over: a link failure is a success, another command is none") {
   Line line;
-  CHECK(line.requests->ReadParamBlock(0, 10, 3));  // nothing answers
+  CHECK(line.ReadBlock({10, 3}));  // nothing answers
   CHECK(line.stream.writes.empty());
 
   line.Answers(0x3F, TextItem("12"));
-  CHECK(!line.requests->ReadParamBlock(0, 10, 3));
+  CHECK(!line.ReadBlock({10, 3}));
   CHECK(line.stream.writes == std::vector<Bytes>(3, Entry("")));  // the host gets its records
   CHECK(line.stream.messages.back() == "not 0x72 result=0x3F / error basic");
 }

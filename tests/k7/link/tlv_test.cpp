@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "k7/archive_records.h"
+#include "k7/reads/archive_records.h"
 #include "tests/k7/k7_bytes.h"
 
 using k7test::Item;
@@ -89,22 +89,22 @@ TEST_CASE("numbers in texts, stamps of any length") {
 TEST_CASE("what is no record in an archive reply") {
   struct Case {
     const char* bytes;
-    int result;
+    k7::Found result;
     std::size_t cursor;
   };
   for (const Case& c : {
-           Case{"30 00", k7::kNoMoreRecords, 0},              // content first
-           Case{"49 00 30 00", k7::kNoMoreRecords, 2},        // an empty stamp
-           Case{"49 01 10 30 00", k7::kNoMoreRecords, 5},     // an empty content
-           Case{"49 01 10", k7::kStampAlone, 3},              // a stamp at the end
-           Case{"49 01 10 30 02 00", k7::kPastReplyEnd, 5},   // a content past the end
-           Case{"02 84 FF FF FF FF", k7::kNoMoreRecords, 6},  // an unknown item without end
+           Case{"30 00", k7::Found::kNoMoreRecords, 0},              // content first
+           Case{"49 00 30 00", k7::Found::kNoMoreRecords, 2},        // an empty stamp
+           Case{"49 01 10 30 00", k7::Found::kNoMoreRecords, 5},     // an empty content
+           Case{"49 01 10", k7::Found::kStampAlone, 3},              // a stamp at the end
+           Case{"49 01 10 30 02 00", k7::Found::kPastReplyEnd, 5},   // a content past the end
+           Case{"02 84 FF FF FF FF", k7::Found::kNoMoreRecords, 6},  // an unknown item without end
        }) {
     INFO(std::string(c.bytes));
     const Bytes bytes = Hex(c.bytes);
     k7::TlvWalk items(bytes);
     k7::Stamp stamp;
-    CHECK(k7::SkipToRecord(items, bytes.size(), stamp) == c.result);
+    CHECK((k7::SkipToRecord(items, bytes.size(), stamp) == c.result));
     CHECK(items.Cursor() == c.cursor);
   }
 }

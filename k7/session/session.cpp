@@ -1,4 +1,4 @@
-#include "k7/session.h"
+#include "k7/session/session.h"
 
 #include <algorithm>
 #include <span>
@@ -20,60 +20,51 @@ std::uint8_t ReadUnit(TlvWalk& items) {
 
 }  // namespace
 
-int Session::Connect(std::uint8_t address, FrameMode mode) {
-  identity_.devType = 0;
+bool Session::Connect(std::uint8_t address, FrameMode mode) {
   transport_.Open(address, mode);
   transport_.WakeUp(requests_.LastReply());
   constexpr std::uint8_t kNoData[4] = {};
-  const int result = transport_.K7Query(kIdentify, kNoData, requests_.LastReply());
-  if (result < 1) return result;
-  if (result != kIdentify) {
-    SayWrongCommand(driver_, kIdentify, result, "error start");
-    return kNotIdentified;
-  }
-  return Identify();
+  const auto received = transport_.K7Query(kIdentify, kNoData, requests_.LastReply());
+  return Replied(driver_, kIdentify, received, "error start") && Identify();
 }
 
 // The reply: the model's code, a byte that is not used, the version.
-int Session::Identify() {
+bool Session::Identify() {
   const auto& reply = requests_.LastReply().bytes;
   const auto code = static_cast<std::uint16_t>(reply[0] | (reply[1] << 8));
-  const Introduction* const introduction = FindIntroduction(code);
-  if (introduction == nullptr) {
-    common::SetText(identity_.devName, "NONAME");
+  identity_.introduction = Find(code);
+  if (identity_.introduction == nullptr) {
     // The blank at the end tells this from the other error at the start: intended.
     Say(driver_, common::Format("undefined %X", unsigned{code}), "error start ");
-    return kNotIdentified;
-  }
-  common::SetText(identity_.devName, introduction->name);
-  identity_.devType = introduction->devType;
-  common::SetText(identity_.devVersion, common::Format("V%d", int{reply[3]}));
-  return static_cast<int>(identity_.devType);
-}
-
-bool Session::ReadBasic() {
-  const Model* const model = FindModel(identity_.devType);
-  if (model == nullptr) return true;
-  std::fill(std::begin(identity_.devNumber), std::end(identity_.devNumber), '\0');
-  const int result = requests_.QueryParams(0, model->basicParameters);
-  if (result <= 0) return result != 0;
-  if (result != kReadParameters) {
-    SayWrongCommand(driver_, kReadParameters, result, "error basic");
     return false;
   }
-  DecodeBasic(*model);
+  common::SetText(identity_.devVersion, common::Format("V%d", int{reply[3]}));
   return true;
 }
 
-void Session::DecodeBasic(const Model& model) {
+const Introduction* Session::Find(std::uint16_t code) const {
+  for (const Introduction* introduction : known_) {
+    if (introduction->code == code) return introduction;
+  }
+  return nullptr;
+}
+
+bool Session::ReadBasic() {
+  const auto received = requests_.QueryParams(0, identity_.introduction->basicParameters);
+  if (!received) return true;
+  if (!Replied(driver_, kReadParameters, received, "error basic")) return false;
+  DecodeBasic();
+  return true;
+}
+
+void Session::DecodeBasic() {
   TlvWalk items(requests_.LastReply().bytes);
   std::uint8_t number[sizeof identity_.devNumber - 1] = {};
   items.ItemBytes(number);
   std::copy(std::begin(number), std::end(number), identity_.devNumber);
   identity_.pressUnit1 = ReadUnit(items);
-  identity_.pressUnit2 = model.ownHeatUnit ? ReadUnit(items) : identity_.pressUnit1;
-  identity_.basicA = items.ItemUInt();
-  identity_.basicB = static_cast<std::uint16_t>(items.ItemUInt());
+  identity_.pressUnit2 =
+      identity_.introduction->ownHeatUnit ? ReadUnit(items) : identity_.pressUnit1;
 }
 
 bool Session::ReadClock() {

@@ -4,8 +4,7 @@
 #include <cstdint>
 
 #include "TKSplDrv/driver.h"
-#include "k7/models.h"
-#include "k7/sections.h"
+#include "k7/reading/sections.h"
 #include "k7/tables.h"
 
 namespace k7 {

@@ -4,24 +4,22 @@
 #include <cstdint>
 
 #include "TKSplDrv/driver.h"
-#include "k7/archive_kinds.h"
-#include "k7/models.h"
-#include "k7/requests.h"
-#include "k7/session.h"
+#include "k7/models/catalogue.h"
+#include "k7/reading/archive_kinds.h"
+#include "k7/session/requests.h"
+#include "k7/session/session.h"
 #include "k7/tables.h"
 
 namespace k7 {
 
-// All reads answer whether the section was read to its end; the link and the session have said why
+// All reads return whether the section was read to its end; the link and the session have said why
 // not. A record that the host refuses ends a read as a failed one.
 class Sections {
  public:
-  // All outlive the sections. The identity is looked at when something is read.
-  Sections(TavDrvV1& driver, Requests& requests, RecordStream& out, const Identity& identity)
-      : driver_(driver), requests_(requests), out_(out), identity_(identity) {}
-
-  // Before anything is read.
-  void SetModel(const Model& model) { model_ = &model; }
+  // All outlive the sections. identity and model: of the instrument that is read.
+  Sections(TavDrvV1& driver, Requests& requests, RecordStream& out, const Identity& identity,
+           const Model& model)
+      : driver_(driver), requests_(requests), out_(out), identity_(identity), model_(model) {}
 
   bool ReadCurrent(std::uint8_t system);
   bool ReadTotals(std::uint8_t system);
@@ -33,16 +31,15 @@ class Sections {
   bool ReadDatabase(std::uint8_t system);
 
  private:
-  using WriteRecord = void (Sections::*)(const ArchiveKind& kind, const Stamp& stamp,
-                                         TlvWalk& items);
-
-  bool ReadTable(std::uint8_t system, const ParameterTable& table, const char* section);
+  bool ReadTable(std::uint8_t system, const ParameterTable& table, const char* section,
+                 const char* errorSubject);
   bool ReadPeriod(std::uint8_t system, const ArchiveKind& kind, const TAVDT& from);
   const ArchiveTable& TableOf(Kind kind) const;
   void StartArchive(std::uint8_t system, const ArchiveKind& kind);
-  bool WriteRecords(const ArchiveKind& kind, WriteRecord write);
+  template <typename Write>
+  bool WriteRecords(Write write);
   void WriteArchiveRecord(const ArchiveKind& kind, const Stamp& stamp, TlvWalk& items);
-  void WriteEvent(const ArchiveKind& kind, const Stamp& stamp, TlvWalk& items);
+  void WriteEvent(const Stamp& stamp, TlvWalk& items);
   bool FailQuery(const TAVDT& date);
   ChosenUnits Units() const;
 
@@ -50,7 +47,8 @@ class Sections {
   Requests& requests_;
   RecordStream& out_;
   const Identity& identity_;
-  const Model* model_ = nullptr;
+  const Model& model_;
+  std::array<std::uint8_t, kLargestRecord> space_{};  // of the record under construction
 };
 
 }  // namespace k7

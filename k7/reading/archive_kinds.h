@@ -1,9 +1,9 @@
-// The kinds of archives: how they are called, titled and stepped through.
+// The kinds of archives: how they are called and titled.
 #pragma once
 
 #include <cstdint>
 
-#include "TKSplDrv/types.h"
+#include "k7/reading/period.h"
 #include "k7/tables.h"
 
 namespace k7 {
@@ -18,9 +18,6 @@ enum class Kind : std::uint8_t {
   kControl = 7,
 };
 
-// The interval of a periodic archive's records.
-enum class Period { kHour, kDay, kMonth };
-
 struct ArchiveKind {
   Kind kind;
   const char* name;
@@ -33,11 +30,5 @@ struct ArchiveKind {
 
 // Defined in the table of kinds; every Kind stands there.
 const ArchiveKind& Describe(Kind kind);
-
-// How many records lie between two moments, both included; none or less when to lies before from.
-std::int64_t RecordsBetween(Period period, const TAVDT& from, const TAVDT& to);
-// The start of the period that a moment lies in. A month starts with day 0: intended.
-void CutToPeriod(Period period, SYSTEMTIME& time);
-void NextPeriod(Period period, SYSTEMTIME& time);
 
 }  // namespace k7

@@ -1,4 +1,4 @@
-#include "k7/plan.h"
+#include "k7/reading/plan.h"
 
 #include "common/cp1251.h"
 #include "common/format.h"
@@ -11,24 +11,23 @@ namespace {
 using namespace common::literals;
 
 struct ArchiveStep {
-  char group;  // the read group's upper-case letter
+  ReadGroup group;
   Kind kind;
   const char* subject;
 };
 
 // In the order of reading. The control archive has no letter of its own.
 constexpr ArchiveStep kPeriodicSteps[] = {
-    {'M', Kind::kMon, "Чтение помесячных"_w},
-    {'S', Kind::kDay, "Чтение посуточных"_w},
-    {'S', Kind::kControl, "Чтение контрольных"_w},
-    {'H', Kind::kHour, "Чтение почасовых"_w},
+    {ReadGroup::kMonths, Kind::kMon, "Чтение помесячных"_w},
+    {ReadGroup::kDays, Kind::kDay, "Чтение посуточных"_w},
+    {ReadGroup::kDays, Kind::kControl, "Чтение контрольных"_w},
+    {ReadGroup::kHours, Kind::kHour, "Чтение почасовых"_w},
 };
 
-// The letters E and e are not looked at: the logs belong to the database.
-constexpr char kDatabaseGroup = 'B';
+// The logs belong to the database; their own letter is not looked at.
 constexpr ArchiveStep kLogSteps[] = {
-    {kDatabaseGroup, Kind::kChange, "Чтение изменений БД"_w},
-    {kDatabaseGroup, Kind::kEvent, "Чтение событий"_w},
+    {ReadGroup::kDatabase, Kind::kChange, "Чтение изменений БД"_w},
+    {ReadGroup::kDatabase, Kind::kEvent, "Чтение событий"_w},
 };
 
 constexpr const char* kBegun = "...";
@@ -62,12 +61,12 @@ bool Plan::ReadPlan(std::uint8_t system) {
 }
 
 bool Plan::ReadCommonDatabase() {
-  return !GroupWanted(driver_, kDatabaseGroup) ||
+  return !GroupWanted(driver_, ReadGroup::kDatabase) ||
          Step("Чтение БД ОВ"_w, Report::kSwapped, [this] { return sections_.ReadDatabase(0); });
 }
 
 bool Plan::ReadCurrentAndTotals(std::uint8_t system) {
-  if (!GroupWanted(driver_, 'T')) return true;
+  if (!GroupWanted(driver_, ReadGroup::kCurrent)) return true;
   if (Stopped()) return false;
   constexpr const char* kSubject = "Чтение текущих"_w;
   Say(driver_, kBegun, kSubject);
@@ -88,7 +87,7 @@ bool Plan::ReadPeriodicArchives(std::uint8_t system) {
 }
 
 bool Plan::ReadDatabaseAndLogs(std::uint8_t system) {
-  if (!GroupWanted(driver_, kDatabaseGroup)) return true;
+  if (!GroupWanted(driver_, ReadGroup::kDatabase)) return true;
   if (!Step("Чтение БД ТВ"_w, Report::kSwapped, [&] { return sections_.ReadDatabase(system); })) {
     return false;
   }

@@ -1,10 +1,10 @@
-#include "k7/sections.h"
+#include "k7/reading/sections.h"
 
 #include "TKSplDrv/conversions.h"
 #include "common/cp1251.h"
 #include "common/format.h"
-#include "k7/layouts.h"
 #include "k7/link/messages.h"
+#include "k7/reads/parameter_block.h"
 
 namespace k7 {
 namespace {
@@ -24,7 +24,7 @@ TAVDT ToTav(const SYSTEMTIME& time) {
 }
 
 common::ShortText SectionName(std::uint8_t system, const char* suffix) {
-  return common::Format("%s%s", SystemName(system), suffix);
+  return common::Format("%s%s", kSystemNames[system], suffix);
 }
 
 }  // namespace
@@ -38,21 +38,22 @@ ChosenUnits Sections::Units() const {
 }
 
 bool Sections::ReadCurrent(std::uint8_t system) {
-  return ReadTable(system, model_->current, SystemName(system));
+  return ReadTable(system, model_.current, kSystemNames[system], "error oper");
 }
 
 bool Sections::ReadTotals(std::uint8_t system) {
-  return ReadTable(system, model_->totals, SectionName(system, " Тотальный"_w));
+  return ReadTable(system, model_.totals, SectionName(system, " Тотальный"_w), "error total");
 }
 
-bool Sections::ReadTable(std::uint8_t system, const ParameterTable& table, const char* section) {
+bool Sections::ReadTable(std::uint8_t system, const ParameterTable& table, const char* section,
+                         const char* errorSubject) {
   Say(driver_, section, "Oper");
-  if (!requests_.ReadParams(system, table.first, table.columns.size(), table.errorSubject)) {
-    if (model_->endsFailedRead) out_.EndMarker();
+  if (!requests_.ReadParams(system, table.first, table.columns.size(), errorSubject)) {
+    if (model_.endsFailedRead) out_.EndMarker();
     return false;
   }
   TlvWalk items(requests_.LastReply().bytes);
-  Record record;
+  Record record(space_);
   DecodeColumns(table.columns, items, record);
   if (table.mayBeIdle && record.Bytes()[0] == kIdleState) {
     Say(driver_, "СП=99"_w, "Чтение не целесообразно"_w);
@@ -72,7 +73,7 @@ void Sections::StartArchive(std::uint8_t system, const ArchiveKind& kind) {
 }
 
 const ArchiveTable& Sections::TableOf(Kind kind) const {
-  return kind == Kind::kControl ? model_->control : model_->periodic;
+  return kind == Kind::kControl ? model_.control : model_.periodic;
 }
 
 bool Sections::FailQuery(const TAVDT& date) {
@@ -99,14 +100,15 @@ bool Sections::ReadPeriodic(std::uint8_t system, Kind code) {
 // A reply to another command is reported and passed over.
 bool Sections::ReadPeriod(std::uint8_t system, const ArchiveKind& kind, const TAVDT& from) {
   Say(driver_, DateText(from), "read...");
-  const int result = requests_.ReadArchive(system, static_cast<std::uint8_t>(kind.kind),
-                                           kPeriodicSelector, from, ToTav(driver_.dateTo));
-  if (result < 0) return FailQuery(from);
-  if (result != kReadArchive) {
+  const ReceivedCommand received = requests_.ReadArchive(
+      system, static_cast<std::uint8_t>(kind.kind), kPeriodicSelector, from, ToTav(driver_.dateTo));
+  if (!received) return FailQuery(from);
+  if (received != kReadArchive) {
     Say(driver_, DateText(from), "fn error");
     return true;
   }
-  return WriteRecords(kind, &Sections::WriteArchiveRecord);
+  return WriteRecords(
+      [&](const Stamp& stamp, TlvWalk& items) { WriteArchiveRecord(kind, stamp, items); });
 }
 
 bool Sections::ReadEvents(std::uint8_t system, Kind code) {
@@ -118,45 +120,49 @@ bool Sections::ReadEvents(std::uint8_t system, Kind code) {
   if (out_.Refused()) return false;
   Say(driver_, DateText(from), "reda begin ...");
   Say(driver_, DateText(to), "reda end ...");
-  const int result =
+  const ReceivedCommand received =
       requests_.ReadArchive(system, static_cast<std::uint8_t>(code), kLogSelector, from, to);
-  if (result < 0) return FailQuery(from);
+  if (!received) return FailQuery(from);
   // Reported, but the reply is still looked at: intended.
-  if (result != kReadArchive) Say(driver_, DateText(from), "fn error");
-  if (!WriteRecords(kind, &Sections::WriteEvent)) return false;
+  if (received != kReadArchive) Say(driver_, DateText(from), "fn error");
+  const auto write = [this](const Stamp& stamp, TlvWalk& items) { WriteEvent(stamp, items); };
+  if (!WriteRecords(write)) return false;
   out_.EndMarker();
   return !out_.Refused();
 }
 
 // All records of the reply; after one that does not parse the table ends.
-bool Sections::WriteRecords(const ArchiveKind& kind, WriteRecord write) {
+template <typename Write>
+bool Sections::WriteRecords(Write write) {
   const Reply& reply = requests_.LastReply();
   TlvWalk items(reply.bytes);
   Stamp stamp;
-  int result = kNoMoreRecords;
-  while (!out_.Refused() && (result = SkipToRecord(items, reply.length, stamp)) > 0) {
+  Found found = Found::kNoMoreRecords;
+  while (!out_.Refused() && (found = SkipToRecord(items, reply.length, stamp)) == Found::kRecord) {
     Say(driver_, DateText(stamp.time), "detect ...");
     out_.RowMarker();
-    (this->*write)(kind, stamp, items);
+    write(stamp, items);
   }
-  if (result >= kNoMoreRecords) return true;
+  if (found == Found::kRecord || found == Found::kNoMoreRecords) return true;
   out_.EndMarker();
   return false;
 }
 
 void Sections::WriteArchiveRecord(const ArchiveKind& kind, const Stamp& stamp, TlvWalk& items) {
   TAVDT date = stamp.time;
-  if (model_->datedRecords) {
+  if (model_.datedRecords) {
     items.ItemTime(date);
     items.ItemDate(date);
     Say(driver_, kind.name, DateText(date));
   }
   const ArchiveTable& table = TableOf(kind.kind);
-  out_.Data(DecodeArchive(table.columns, table.closing, date, items).Bytes());
+  Record record(space_);
+  DecodeArchive(table.columns, table.closing, date, items, record);
+  out_.Data(record.Bytes());
 }
 
-void Sections::WriteEvent(const ArchiveKind& /*kind*/, const Stamp& stamp, TlvWalk& items) {
-  Record date;
+void Sections::WriteEvent(const Stamp& stamp, TlvWalk& items) {
+  Record date(space_);
   date.DateTime(stamp.time);
   Entry entry{};
   items.ItemBytes(entry);
@@ -165,14 +171,14 @@ void Sections::WriteEvent(const ArchiveKind& /*kind*/, const Stamp& stamp, TlvWa
 }
 
 bool Sections::ReadDatabase(std::uint8_t system) {
-  const Database& database = model_->databases[system];
-  out_.Title(TitleKind::kDatabase, SystemName(system), identity_.devClock);
+  const Database& database = model_.databases[system];
+  out_.Title(TitleKind::kDatabase, kSystemNames[system], identity_.devClock);
   out_.Layout(database.columns, Units(), ColumnCount::kLeftOut);
   out_.RowMarker();
   bool all = true;
   for (const ParameterBlock& block : database.blocks) {
     if (out_.Refused()) return false;
-    all = requests_.ReadParamBlock(system, block.first, block.count) && all;
+    all = ReadParamBlock(driver_, requests_, out_, system, block) && all;
   }
   return all;
 }

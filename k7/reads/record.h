@@ -1,7 +1,6 @@
 // A data record under construction, low bytes first.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -13,8 +12,8 @@ namespace k7 {
 
 class Record {
  public:
-  // The control archive of the model 521, the longest one.
-  static constexpr std::size_t kLargest = 224;
+  // space: has room for what is put in, and outlives the record.
+  explicit Record(std::span<std::uint8_t> space) : space_(space) {}
 
   void Byte(std::uint32_t value) { Put(value, 1); }
   // Also the bits of a float.
@@ -31,16 +30,16 @@ class Record {
     }
   }
 
-  std::span<const std::uint8_t> Bytes() const { return std::span(bytes_).first(size_); }
+  std::span<const std::uint8_t> Bytes() const { return space_.first(size_); }
 
  private:
   void Put(std::uint64_t value, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
-      bytes_[size_++] = static_cast<std::uint8_t>((value >> (8 * i)) & 0xFFU);
+      space_[size_++] = static_cast<std::uint8_t>((value >> (8 * i)) & 0xFFU);
     }
   }
 
-  std::array<std::uint8_t, kLargest> bytes_{};
+  std::span<std::uint8_t> space_;
   std::size_t size_ = 0;
 };
 

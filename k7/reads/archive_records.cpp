@@ -1,9 +1,8 @@
-#include "k7/archive_records.h"
+#include "k7/reads/archive_records.h"
 
 namespace k7 {
 namespace {
 
-constexpr std::uint8_t kStampTag = 0x49;
 constexpr std::uint8_t kRecordTag = 0x30;
 
 void DecodeColumn(Type type, TlvWalk& items, Record& record) {
@@ -25,36 +24,36 @@ void DecodeColumn(Type type, TlvWalk& items, Record& record) {
 
 }  // namespace
 
-int NextRecord(TlvWalk& items, std::size_t replyLength, Stamp& stamp) {
-  if (items.Tag() == kRecordTag) return kNoMoreRecords;
+Found NextRecord(TlvWalk& items, std::size_t replyLength, Stamp& stamp) {
+  if (items.Tag() == kRecordTag) return Found::kNoMoreRecords;
   if (items.Tag() != kStampTag) {
     items.NextItem();
-    return kUnknownItem;
+    return Found::kUnknownItem;
   }
   std::size_t stampLength = 0;
   stamp = items.ItemStamp(stampLength);
-  if (stampLength == 0) return kNoMoreRecords;
-  if (items.Tag() != kRecordTag) return kStampAlone;
+  if (stampLength == 0) return Found::kNoMoreRecords;
+  if (items.Tag() != kRecordTag) return Found::kStampAlone;
   const Tlv content = items.EnterItem();
-  if (content.at + content.length > replyLength) return kPastReplyEnd;
-  return static_cast<int>(content.length);
+  if (content.at + content.length > replyLength) return Found::kPastReplyEnd;
+  return content.length > 0 ? Found::kRecord : Found::kNoMoreRecords;
 }
 
-int SkipToRecord(TlvWalk& items, std::size_t replyLength, Stamp& stamp) {
+Found SkipToRecord(TlvWalk& items, std::size_t replyLength, Stamp& stamp) {
   while (items.Cursor() < replyLength) {
-    const int result = NextRecord(items, replyLength, stamp);
-    if (result != kUnknownItem) return result;
+    const Found found = NextRecord(items, replyLength, stamp);
+    if (found != Found::kUnknownItem) return found;
   }
-  return kNoMoreRecords;
+  return Found::kNoMoreRecords;
 }
 
 void DecodeColumns(Columns columns, TlvWalk& items, Record& record) {
   for (const Column& column : columns) DecodeColumn(column.type, items, record);
 }
 
-Record DecodeArchive(Columns columns, Closing closing, const TAVDT& date, TlvWalk& items) {
+void DecodeArchive(Columns columns, Closing closing, const TAVDT& date, TlvWalk& items,
+                   Record& record) {
   const bool reversed = closing == Closing::kReversed;
-  Record record;
   record.DateTime(date);
   DecodeColumns(columns.subspan(1, columns.size() - (reversed ? 4 : 3)), items, record);
   if (closing == Closing::kSpareFloat) items.ItemFloat();
@@ -63,7 +62,6 @@ Record DecodeArchive(Columns columns, Closing closing, const TAVDT& date, TlvWal
   if (reversed) record.Int32(0);
   record.Int32(reversed ? second : first);
   record.Int32(reversed ? first : second);
-  return record;
 }
 
 }  // namespace k7

@@ -4,24 +4,23 @@
 #include "common/format.h"
 #include "driver/reader.h"
 #include "k7/link/messages.h"
-#include "k7/plan.h"
-#include "k7/sections.h"
-#include "k7/session.h"
+#include "k7/models/catalogue.h"
+#include "k7/reading/plan.h"
+#include "k7/reading/sections.h"
+#include "k7/session/session.h"
 
 namespace k7 {
 namespace {
 
-// Holds the buffers of every layer, about half a megabyte: one allocation, none while reading.
+// Holds the buffers of every layer, 130 KB: one allocation, none while reading.
 class UrmK7 final : public Reader {
  public:
   explicit UrmK7(TavDrvV1& driver)
       : driver_(driver),
         transport_(driver),
         out_(driver),
-        requests_(driver, transport_, out_),
-        session_(driver, transport_, requests_),
-        sections_(driver, requests_, out_, session_.GetIdentity()),
-        plan_(driver, out_, sections_) {}
+        requests_(driver, transport_),
+        session_(driver, transport_, requests_, kIntroductions) {}
 
   Ending Run() override;
 
@@ -29,15 +28,13 @@ class UrmK7 final : public Reader {
   bool Open();
   bool Answers(FrameMode mode, const char* name, const char* answered);
   void Introduce();
-  Ending ReadSystems(const Model& model);
+  Ending ReadSystems();
 
   TavDrvV1& driver_;
   Transport transport_;
   RecordStream out_;
   Requests requests_;
   Session session_;
-  Sections sections_;
-  Plan plan_;
 };
 
 Ending UrmK7::Run() {
@@ -48,13 +45,7 @@ Ending UrmK7::Run() {
   if (!session_.ReadBasic()) return Ending::kFailed;
   Introduce();
   if (!session_.ReadClock()) return Ending::kFailed;
-  const Model* const model = FindModel(session_.GetIdentity().devType);
-  if (model == nullptr) {
-    Say(driver_, "device not supported", "error");
-    return Ending::kFailed;
-  }
-  sections_.SetModel(*model);
-  return ReadSystems(*model);
+  return ReadSystems();
 }
 
 bool UrmK7::Open() {
@@ -64,29 +55,33 @@ bool UrmK7::Open() {
 
 bool UrmK7::Answers(FrameMode mode, const char* name, const char* answered) {
   Say(driver_, name, "Init...");
-  if (session_.Connect(static_cast<std::uint8_t>(driver_.numberN), mode) < 1) return false;
+  if (!session_.Connect(static_cast<std::uint8_t>(driver_.numberN), mode)) return false;
   Say(driver_, answered, "Init");
   return true;
 }
 
-// The titles take these texts from the host object.
+// The titles take these texts from the driver object.
 void UrmK7::Introduce() {
   const Identity& identity = session_.GetIdentity();
-  common::SetText(driver_.typeText, identity.devName);
+  common::SetText(driver_.typeText, identity.introduction->name);
   common::SetText(driver_.versionText, identity.devVersion);
   common::SetText(driver_.numberText, identity.devNumber);
-  Say(driver_, identity.devName, "Tip");
+  Say(driver_, identity.introduction->name, "Tip");
   Say(driver_, identity.devVersion, "Version");
   Say(driver_, identity.devNumber, "Numer");
 }
 
 // All systems are read, also after one that failed or that the host stopped: its ReadStop has
 // cleared the request.
-Ending UrmK7::ReadSystems(const Model& model) {
-  if (model.commonDatabase && !plan_.ReadCommonDatabase()) return Ending::kFailed;
+Ending UrmK7::ReadSystems() {
+  const Identity& identity = session_.GetIdentity();
+  const Model& model = ModelOf(identity.introduction->devType);
+  Sections sections(driver_, requests_, out_, identity, model);
+  Plan plan(driver_, out_, sections);
+  if (model.commonDatabase && !plan.ReadCommonDatabase()) return Ending::kFailed;
   Ending result = Ending::kFailed;
   for (const std::uint8_t system : model.systems) {
-    if (plan_.ReadPlan(system)) result = Ending::kSucceeded;
+    if (plan.ReadPlan(system)) result = Ending::kSucceeded;
     if (out_.Refused()) return Ending::kFailed;
   }
   return result;

@@ -5,23 +5,25 @@
 #include <cstdint>
 #include <span>
 
-#include "k7/archive_records.h"
-#include "k7/database_layouts.h"
+#include "common/cp1251.h"
+#include "k7/reads/archive_records.h"
+#include "k7/reads/parameter_block.h"
+#include "k7/session/introduction.h"
 #include "k7/tables.h"
 
 namespace k7 {
 
 // Heat systems; the number is the channel byte of their requests. 0 is the part that systems
 // share, and the only system of a model 521.
-inline constexpr std::size_t kSystems = 3;
-const char* SystemName(std::uint8_t system);
+inline constexpr const char* kSystemNames[] = {
+    common::kCp1251<"ОБЩ">.data(), common::kCp1251<"ТВ1">.data(), common::kCp1251<"ТВ2">.data()};
+inline constexpr std::size_t kSystems = std::size(kSystemNames);
 
 // Values that lie in consecutive parameters.
 struct ParameterTable {
   std::uint16_t first;
   Columns columns;
-  const char* errorSubject;  // of the message about a reply to another command
-  bool mayBeIdle;            // a state code tells that the system is switched off: nothing to read
+  bool mayBeIdle = false;  // a state code tells that the system is switched off: nothing to read
 };
 
 struct ArchiveTable {
@@ -35,10 +37,7 @@ struct Database {
 };
 
 struct Model {
-  std::uint32_t devType;
-  // The basic read: the serial number, one or two units, two settings.
-  std::span<const std::uint16_t> basicParameters;
-  bool ownHeatUnit;  // two units; else the pressure unit serves for both
+  Introduction introduction;
   std::span<const std::uint8_t> systems;
   bool commonDatabase;  // beside those of the systems
 
@@ -51,17 +50,5 @@ struct Model {
   ArchiveTable control;
   std::array<Database, kSystems> databases;  // by system
 };
-
-// Null when the type is none that this driver reads.
-const Model* FindModel(std::uint32_t devType);
-
-// How an instrument introduces itself.
-struct Introduction {
-  std::uint16_t code;  // as it answers
-  std::uint32_t devType;
-  const char* name;
-};
-// Null for an unknown code.
-const Introduction* FindIntroduction(std::uint16_t code);
 
 }  // namespace k7
