@@ -20,7 +20,8 @@ enum class Found {
 };
 
 // Looks at the item at the cursor. After a record was found the cursor stands at its first value,
-// and stamp is its time. replyLength: the length that the reply's frame reported.
+// and stamp is its time. replyLength: the length that the reply's frame reported, at most what the
+// walk has bytes.
 Found NextRecord(TlvWalk& items, std::size_t replyLength, Stamp& stamp);
 
 // The same until a record, the end (also the reply's) or an error: never kUnknownItem.
