@@ -17,7 +17,7 @@ fi
 rm -rf "$work"
 mkdir -p "$work"
 cd "$work"
-source "$here/com_ports.sh"
+source "$here/../support/com_ports.sh"
 
 # The instrument stands still at this time, so that both readings find the same values.
 instrument=(--clock "2016-03-02 12:10:00" --seed 7)
