@@ -21,7 +21,7 @@
 #include "host/output/csv_folder.h"
 #include "host/reading/driver_library.h"
 #include "host/reading/reading.h"
-#include "simulator/instrument.h"
+#include "simulator/catalogue/catalogue.h"
 
 namespace {
 
