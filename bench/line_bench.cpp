@@ -28,7 +28,7 @@ namespace {
 using Bytes = std::vector<std::uint8_t>;
 using View = std::span<const std::uint8_t>;
 
-struct Run {
+struct Cost {
   double microseconds = 0;  // of processor time, both of the program and of the system for it
   int exchanges = 0;
   int received = 0;  // bytes
@@ -43,21 +43,21 @@ double ProcessorTime() {
 
 class CountingLine final : public host::WrappedLine {
  public:
-  CountingLine(std::unique_ptr<host::LinePort> line, Run& run)
-      : WrappedLine(std::move(line)), run_(run) {}
+  CountingLine(std::unique_ptr<host::LinePort> line, Cost& cost)
+      : WrappedLine(std::move(line)), cost_(cost) {}
 
   int Read(unsigned timeoutMs, unsigned count, void* destination) override {
     const int received = WrappedLine::Read(timeoutMs, count, destination);
-    run_.received += received;
+    cost_.received += received;
     return received;
   }
   int Write(const void* data, unsigned length) override {
-    if (length > 1) ++run_.exchanges;  // a single byte wakes the instrument
+    if (length > 1) ++cost_.exchanges;  // a single byte wakes the instrument
     return WrappedLine::Write(data, length);
   }
 
  private:
-  Run& run_;
+  Cost& cost_;
 };
 
 bench::Responder::Answer Model523() {
@@ -78,29 +78,26 @@ bench::Responder::Answer Model523() {
 }
 
 // Two months of hours of both heat systems.
-Run ReadHours(const std::string& device) {
-  Run run;
-  host::ReadSettings settings;
-  settings.groups = "H";
-  settings.from = {2016, 1, 0, 1, 0, 0, 0, 0};
-  settings.to = {2016, 3, 0, 1, 0, 0, 0, 0};
+Cost ReadHours(const std::string& device) {
+  Cost cost;
+  host::Run run;
+  run.line = "serial:" + device;
+  run.settings.emplace();
+  run.settings->groups = "H";
+  run.settings->from = {2016, 1, 0, 1, 0, 0, 0, 0};
+  run.settings->to = {2016, 3, 0, 1, 0, 0, 0, 0};
   const auto folder = std::filesystem::temp_directory_path() / "irvela-line-bench";
   const double start = ProcessorTime();
   {
-    const host::DriverLibrary library("");
-    CountingLine line(host::OpenLine("serial:" + device), run);
+    CountingLine line(host::OpenLine(run.line), cost);
     host::CsvFolder csv(folder);
-    host::Progress progress;
-    host::Receiver receiver(csv, nullptr, progress, false);
-    const host::DriverPointer driver = library.Create(receiver, line);
     const auto end =
-        host::RunReading(*driver, settings, line, receiver, progress, [] { return false; });
+        host::RunReading(host::DriverLibrary(""), run, line, csv, [] { return false; });
     if (end.ending != host::Ending::kRead) throw std::runtime_error(end.reason);
-    receiver.Finish();
   }
-  run.microseconds = ProcessorTime() - start;
+  cost.microseconds = ProcessorTime() - start;
   std::filesystem::remove_all(folder);
-  return run;
+  return cost;
 }
 
 void AppendCrc(Bytes& frame) {
@@ -128,28 +125,28 @@ constexpr int kReplyHeader = 3;
 constexpr int kReplyEnd = 2;
 
 // So many that the replies are as long as those of the reading were on average.
-int RegistersLike(const Run& reading) {
+int RegistersLike(const Cost& reading) {
   return (reading.received / reading.exchanges - kReplyHeader - kReplyEnd) / 2;
 }
 
-Run ReadByModbus(const std::string& device, const Run& reading) {
-  Run run;
+Cost ReadByModbus(const std::string& device, const Cost& reading) {
+  Cost cost;
   const int registers = RegistersLike(reading);
   std::vector<std::uint16_t> values(static_cast<std::size_t>(registers));
   const double start = ProcessorTime();
   modbus_t* client = modbus_new_rtu(device.c_str(), 19200, 'N', 8, 1);
   modbus_set_slave(client, 1);
   if (modbus_connect(client) != 0) throw std::runtime_error(modbus_strerror(errno));
-  for (; run.exchanges < reading.exchanges; ++run.exchanges) {
+  for (; cost.exchanges < reading.exchanges; ++cost.exchanges) {
     if (modbus_read_registers(client, 0, registers, values.data()) != registers) {
       throw std::runtime_error(modbus_strerror(errno));
     }
-    run.received += kReplyHeader + 2 * registers + kReplyEnd;
+    cost.received += kReplyHeader + 2 * registers + kReplyEnd;
   }
   modbus_close(client);
   modbus_free(client);
-  run.microseconds = ProcessorTime() - start;
-  return run;
+  cost.microseconds = ProcessorTime() - start;
+  return cost;
 }
 
 // The calls that the driver makes for an exchange.
@@ -164,32 +161,32 @@ int Exchange(host::LinePort& line, View request, std::span<std::uint8_t> reply) 
   return received + line.Read(kLimit, kReplyEnd, &reply[kReplyHeader + data]);
 }
 
-Run ReadByLine(const std::string& device, const Run& reading) {
-  Run run;
+Cost ReadByLine(const std::string& device, const Cost& reading) {
+  Cost cost;
   const int registers = RegistersLike(reading);
   const Bytes request = {1, 3, 0, 0, 0, static_cast<std::uint8_t>(registers), 0, 0};
   Bytes reply(static_cast<std::size_t>(kReplyHeader + 2 * registers + kReplyEnd));
   const double start = ProcessorTime();
   const auto line = host::OpenLine("serial:" + device);
   line->SetLine(1, 0, 19200, 8, 2, 0);
-  for (; run.exchanges < reading.exchanges; ++run.exchanges) {
+  for (; cost.exchanges < reading.exchanges; ++cost.exchanges) {
     const int received = Exchange(*line, request, reply);
     if (received != static_cast<int>(reply.size())) throw std::runtime_error("no reply");
-    run.received += received;
+    cost.received += received;
   }
-  run.microseconds = ProcessorTime() - start;
-  return run;
+  cost.microseconds = ProcessorTime() - start;
+  return cost;
 }
 
 // What one kind of client took in all its runs.
 struct Client {
   const char* name;
-  Run last;
+  Cost last;
   std::vector<double> costs;  // of an exchange
 
-  const Run& Add(const Run& run) {
-    last = run;
-    costs.push_back(run.PerExchange());
+  const Cost& Add(const Cost& cost) {
+    last = cost;
+    costs.push_back(cost.PerExchange());
     return last;
   }
 };
@@ -217,7 +214,7 @@ void Compare(int runs) {
   Client irvela{"irvela's reading", {}, {}}, line{"irvela's line", {}, {}},
       modbus{"libmodbus", {}, {}};
   for (int i = 0; i < runs; ++i) {
-    const Run& reading = irvela.Add(ReadHours(meter.Device()));
+    const Cost& reading = irvela.Add(ReadHours(meter.Device()));
     modbus.Add(ReadByModbus(registers.Device(), reading));
     line.Add(ReadByLine(registers.Device(), reading));
   }

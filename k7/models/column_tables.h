@@ -20,12 +20,6 @@ constexpr ColumnTable<N> Generated(ColumnAt at) {
 }
 
 template <std::size_t N>
-constexpr ColumnTable<N> WithRole(Role role, ColumnTable<N> table) {
-  for (Column& column : table) column.role = role;
-  return table;
-}
-
-template <std::size_t N>
 constexpr ColumnTable<N> AsFloats(ColumnTable<N> table) {
   for (Column& column : table) {
     column.type = Type::kFloat;

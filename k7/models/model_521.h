@@ -29,7 +29,7 @@ inline constexpr ColumnTable<3> kFurtherPressures = {{
 }};
 
 inline constexpr auto kConditions =
-    Join<11>({kTemperatures, kTemperature4, kPressures, kFurtherPressures});
+    Table(kTemperatures, kTemperature4, kPressures, kFurtherPressures);
 
 inline constexpr ColumnTable<3> kTimes = {{
     {"Ti", Type::kFloat, "Час"_w, Role::kAccumulated, "Tи"_w},
@@ -47,21 +47,21 @@ constexpr Column Counter(std::size_t i) {
 }
 inline constexpr auto kCounters = Generated<16>(Counter);
 
-inline constexpr auto kCurrent = Join<20>({kState, kFlows, kMassFlows, kConditions, kCodes});
+inline constexpr auto kCurrent = Table(kState, kFlows, kMassFlows, kConditions, kCodes);
 static_assert(RecordSize(kCurrent) == 77);
 
-inline constexpr auto kTotals = Join<27>({kQuantities, kTimes, kCounters});
+inline constexpr auto kTotals = Table(kQuantities, kTimes, kCounters);
 static_assert(RecordSize(kTotals) == 140);
 
 inline constexpr auto kPeriodic =
-    Join<42>({kDate, kState, kConditions, WithRole(Role::kValue, kFloatQuantities), kTimesOfPeriod,
-              kCounters, kCodes});
+    Table(kDate, kState, kConditions, WithRole(Role::kValue, kFloatQuantities), kTimesOfPeriod,
+          kCounters, kCodes);
 static_assert(RecordSize(kPeriodic) == 168);
 
 // The last counter describes four zero bytes, and the codes' columns hold the second and the first
 // integer of the instrument's record.
-inline constexpr auto kControl = Join<48>({kDate, kState, kFlows, kMassFlows, kConditions,
-                                           kQuantities, kTimesOfPeriod, kCounters, kCodes});
+inline constexpr auto kControl = Table(kDate, kState, kFlows, kMassFlows, kConditions, kQuantities,
+                                       kTimesOfPeriod, kCounters, kCodes);
 static_assert(RecordSize(kControl) == 224);
 
 inline constexpr ParameterBlock kBlocks[] = {

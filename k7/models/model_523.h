@@ -18,7 +18,7 @@ inline constexpr ColumnTable<1> kAirTemperature = {{
     {"tvoz", Type::kFloat, "'C", Role::kValue, "tвоз"_w},
 }};
 
-inline constexpr auto kConditions = Join<8>({kPressures, kTemperatures, kAirTemperature});
+inline constexpr auto kConditions = Table(kPressures, kTemperatures, kAirTemperature);
 
 inline constexpr ColumnTable<8> kTimes = {{
     {"Ti", Type::kFloat, "Час"_w, Role::kAccumulated, "Tи"_w},
@@ -31,17 +31,17 @@ inline constexpr ColumnTable<8> kTimes = {{
     {"Tw", Type::kFloat, "Час"_w, Role::kAccumulated, "Tш"_w},
 }};
 
-inline constexpr auto kCurrent = Join<14>({kState, kFlows, kConditions, kCodes});
+inline constexpr auto kCurrent = Table(kState, kFlows, kConditions, kCodes);
 static_assert(RecordSize(kCurrent) == 53);
 
-inline constexpr auto kTotals = Join<16>({kQuantities, kTimes});
+inline constexpr auto kTotals = Table(kQuantities, kTimes);
 static_assert(RecordSize(kTotals) == 96);
 
 inline constexpr auto kPeriodic =
-    Join<28>({kDate, kState, kConditions, WithRole(Role::kValue, kFloatQuantities),
-              WithRole(Role::kValue, kTimes), kCodes});
+    Table(kDate, kState, kConditions, WithRole(Role::kValue, kFloatQuantities),
+          WithRole(Role::kValue, kTimes), kCodes);
 inline constexpr auto kControl =
-    Join<28>({kDate, kState, kConditions, kFloatQuantities, kTimes, kCodes});
+    Table(kDate, kState, kConditions, kFloatQuantities, kTimes, kCodes);
 static_assert(RecordSize(kPeriodic) == 112 && RecordSize(kControl) == 112);
 
 // There is no parameter 21.
