@@ -1,6 +1,7 @@
 #include "tests/host/stream_writer.h"
 
 #include <cstring>
+#include <stdexcept>
 
 #include "host/stream/decoder.h"
 
@@ -49,9 +50,9 @@ StreamWriter& StreamWriter::Count(unsigned columns) {
 }
 
 StreamWriter& StreamWriter::Header(const std::string& name, char type, unsigned char width,
-                                   const std::string& unit, char role, const std::string& caption) {
+                                   const std::string& unit, const std::string& caption) {
   TextRecord(name).Piece({static_cast<unsigned char>(type)}).Piece({width}).TextRecord(unit);
-  Piece({static_cast<unsigned char>(role)}).TextRecord(caption.empty() ? name : caption);
+  Piece({'d'}).TextRecord(caption.empty() ? name : caption);
   return TextRecord("default");
 }
 
@@ -61,32 +62,47 @@ StreamWriter& StreamWriter::Row(const Pieces& pieces) {
   return *this;
 }
 
-StreamWriter& StreamWriter::End() { return Piece({'s'}); }
+void Told::BeginRun(const host::Run& run) { Add("begin run " + run.line); }
 
 void Told::BeginSection(const host::Section& section) {
-  std::string line =
-      std::string("begin ") + static_cast<char>(section.title.kind) + ' ' + section.title.section;
+  std::string line = std::string("begin ") + host::SectionKey(section);
+  line.pop_back();
   for (const host::Column& column : section.columns) {
     line += ' ' + column.name + ':' + static_cast<char>(column.type);
   }
-  if (section.announced) line += " /" + std::to_string(*section.announced);
-  lines.push_back(line);
+  Add(section.announced ? line + " /" + std::to_string(*section.announced) : line);
 }
 
 void Told::AddRow(const host::Section&, const host::Cells& cells) {
   std::string line;
   for (const host::Cell& cell : cells) line += (line.empty() ? "row " : "|") + host::CellText(cell);
-  lines.push_back(line);
+  Add(line);
+  if (throws_) throw std::runtime_error("no space left");
 }
 
-void Told::EndSection(const host::Section&) { lines.push_back("end"); }
+void Told::EndSection(const host::Section&) { Add("end"); }
 
-Lines Decoded(const Pieces& pieces) {
-  Told told;
+void Told::Tell(const host::Message& message) {
+  Add(message.subject + ' ' + message.detail + ' ' + std::to_string(message.code));
+}
+
+void Told::ShowProgress(const host::Progress& progress) {
+  Add(std::to_string(progress.percent) + " % " + progress.step);
+}
+
+void Told::Keep() { Add("keep"); }
+
+void Told::EndRun(const host::RunEnd& end) {
+  Add("end run " + std::to_string(end.counts.rows) + ' ' + end.reason);
+}
+
+std::string Decoded(const Pieces& pieces) {
+  std::string text;
+  Told told(text);
   host::Decoder decoder(told);
   for (const Bytes& piece : pieces) decoder.Take(piece);
   decoder.Finish();
-  return told.lines;
+  return text;
 }
 
 }  // namespace host_test

@@ -11,7 +11,6 @@ namespace host_test {
 
 using host::Bytes;
 using Pieces = std::vector<Bytes>;
-using Lines = std::vector<std::string>;
 
 Bytes Text(const std::string& characters);
 Bytes Float(float value);
@@ -29,11 +28,12 @@ class StreamWriter {
   StreamWriter& Count(unsigned columns);
   // Caption: the name again; group "default".
   StreamWriter& Header(const std::string& name, char type, unsigned char width,
-                       const std::string& unit = "u", char role = 'd',
-                       const std::string& caption = "");
+                       const std::string& unit = "u", const std::string& caption = "");
+  // Columns "a", a float, and "b", a byte.
+  StreamWriter& TwoColumns() { return Header("a", 'f', 4).Header("b", 'B', 1); }
   // A marker and the pieces of one row.
   StreamWriter& Row(const Pieces& pieces);
-  StreamWriter& End();
+  StreamWriter& End() { return Piece({'s'}); }
 
   operator const Pieces&() const { return pieces_; }  // NOLINT: reads better where it is used
 
@@ -45,15 +45,26 @@ class StreamWriter {
 // number after a slash is the announced number of columns.
 class Told final : public host::RunListener {
  public:
+  // text: gets the lines; throws: at each row.
+  explicit Told(std::string& text, bool throws = false) : text_(text), throws_(throws) {}
+  void BeginRun(const host::Run& run) override;
   void BeginSection(const host::Section& section) override;
   void AddRow(const host::Section& section, const host::Cells& cells) override;
   void EndSection(const host::Section& section) override;
+  void Tell(const host::Message& message) override;
+  void ShowProgress(const host::Progress& progress) override;
+  void Keep() override;
+  void EndRun(const host::RunEnd& end) override;
 
-  Lines lines;
+ private:
+  void Add(const std::string& line) { text_ += line + '\n'; }
+
+  std::string& text_;
+  bool throws_;
 };
 
 // What a stream holds, told to its end.
-Lines Decoded(const Pieces& pieces);
+std::string Decoded(const Pieces& pieces);
 
 // A screen that keeps what it was told, in order: results as they are, errors in angle brackets.
 class KeptScreen {

@@ -91,10 +91,9 @@ TEST_CASE("a reading is set up from its options") {
 }
 
 TEST_CASE("a simulated clock sets the period") {
-  const CommandLine line =
-      host::ParseCommandLine({"read", "--simulate", "521", "--number", "9", "--clock",
-                              "2016-03-01 13:05:09", "--fault", "frozen:3:50", "--units", "1",
-                              "--follow"});
+  const CommandLine line = host::ParseCommandLine({"read", "--simulate", "521", "--number", "9",
+                                                   "--clock", "2016-03-01 13:05:09", "--fault",
+                                                   "frozen:3:50", "--units", "1", "--follow"});
   REQUIRE(line.command == Command::kRead);
   CHECK(TextOf(line.read.settings.from) == "2016-2-27 0:0:0");
   CHECK(TextOf(line.read.settings.to) == "2016-3-1 13:5:9");
