@@ -1,6 +1,7 @@
 #!/bin/bash
 # Makes the Debian package, unpacks it and uses it: runs the program, and builds a consumer of the
-# library by pkg-config and by CMake.
+# library by pkg-config and by CMake. Each library whose headers the program was built with has its
+# notice.
 # usage: check_deb.sh BUILD_FOLDER WORK_FOLDER CONSUMER_FOLDER CPACK
 set -euo pipefail
 build=$1 work=$2 consumer=$3 cpack=$4
@@ -11,8 +12,17 @@ cd "$work"
 package=$(echo irvela_*_amd64.deb)
 dpkg-deb -I "$package" | grep -E '^ (Package|Version|Architecture|Depends):'
 dpkg-deb -x "$package" root
+documents=root/usr/share/doc/irvela
 ls root/usr/lib/libTKSplDrv.so.0 root/usr/share/man/man1/irvela.1* \
-  root/usr/include/TKSplDrv/driver.h root/usr/share/doc/irvela/README.md >/dev/null
+  root/usr/include/TKSplDrv/driver.h $documents/README.md $documents/examples/host/host.cpp >/dev/null
+
+libraries=$(ninja -C "$build" -t deps |
+  sed -n '/^\(host\|simulator\)\//,/^$/s|^ *\(/usr/include/.*\)|\1|p' | sort -u | xargs dpkg -S |
+  cut -d: -f1 | sort -u | grep -vE '^(libc6|libstdc[+][+]-.*|linux-libc)-dev$')
+[ -n "$libraries" ]
+for library in $libraries; do
+  grep -qx "$library" $documents/copyright || { echo "no notice of $library"; exit 1; }
+done
 
 root/usr/bin/irvela models | grep -q 521
 export LD_LIBRARY_PATH=$work/root/usr/lib
@@ -25,4 +35,4 @@ c++ -std=c++17 "$consumer/consumer.cpp" -o by_pkg_config "${flags[@]}"
 cmake -S "$consumer" -B by_cmake -DCMAKE_PREFIX_PATH="$work/root/usr" >cmake.log
 cmake --build by_cmake >>cmake.log
 [ "$(by_cmake/consumer)" = "$expected" ]
-echo "$package is usable"
+echo "$package is usable, with the notices of ${libraries//$'\n'/, }"
