@@ -15,7 +15,7 @@ struct Asked {
   int attempts = 1, doubleReading = 0, validity = 0, pause = 70;
   // What each exchange gives: a letter is a good reply of that content, a digit an error 1x, N the
   // final error; after ! the host asks to stop.
-  std::string exchanges;
+  const char* exchanges;
   bool archive = true;  // or another read
 };
 
@@ -35,7 +35,7 @@ older::ReadResult Run(support::Reading& reading, const Asked& asked) {
       .final = ExchangeError::kReply3,
       .record = record,
       .first = first};
-  const char* next = asked.exchanges.c_str();
+  const char* next = asked.exchanges;
   const auto result = older::Attempt(reading.driver, policy, plan, [&]() -> ExchangeError {
     if (*next == '!') reading.driver.Stop(), ++next;
     REQUIRE(*next != '\0');
@@ -92,7 +92,8 @@ TEST_CASE("attempts, double reading and validity") {
 
 TEST_CASE("a stop ends what is beyond a patient host's attempts and pauses") {
   support::Reading reading;
-  Run(reading, {100, 0, 0, 0, "!" + std::string(32, '2')});
+  const std::string failures = "!" + std::string(32, '2');
+  Run(reading, {100, 0, 0, 0, failures.c_str()});
   CHECK(reading.stream.messages.size() == 32);
 
   const std::pair<const char*, std::vector<unsigned>> pauses[] = {{"2", {60000, 60000, 60000}},

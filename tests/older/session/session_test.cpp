@@ -57,7 +57,7 @@ TEST_CASE("identification replies") {
     CHECK(older::FindModel(state.instrument) == c.model);
     const TKSplDrv& driver = reading.driver;
     if (identified) {
-      CHECK(driver.typeText + (" " + std::string(state.modelKey)) + " " + driver.versionText ==
+      CHECK(std::string(driver.typeText) + " " + state.modelKey + " " + driver.versionText ==
             c.told);
     } else {
       CHECK(reading.stream.messages == std::vector<std::string>{c.told + " / Error Version"});
