@@ -10,7 +10,7 @@ shift 3
 if [ $# -gt 0 ]; then
   models=("$@")
 else
-  mapfile -t models < <("$irvela" models | awk '/^$/ { end = 1 } NR > 1 && !end { print $1 }')
+  mapfile -t models < <("$irvela" models | awk '/^$/ { exit } /^  [^ ]/ { print $1 }')
 fi
 [ "${#models[@]}" -gt 0 ]
 
