@@ -88,9 +88,9 @@ TEST_CASE("dates between the platform and the host keep what they do not carry")
 
 TEST_CASE("texts of numbers and dates") {
   char text[32];
-  const SYSTEMTIME date{2005, 1, 0, 2, 3, 4, 5, 0};
+  const SYSTEMTIME date{2005, 1, 0, 12, 13, 14, 59, 0};
   SysTimeToCharS(text, &date);
-  CHECK(std::string(text) == "020105030405");
+  CHECK(std::string(text) == "120105131459");
   IntToCharS(text, 7);
   CHECK(std::string(text) == "07");
   CHECK(std::string(UcToSChar(text, 4294967295UL)) == "4294967295");

@@ -1,25 +1,16 @@
 #include <doctest/doctest.h>
 
-#include <cstring>
 #include <limits>
 
 #include "common/cp1251.h"
-#include "driver/record_stream.h"
 #include "tests/support/reading.h"
 
 using namespace common::literals;
-using support::Bytes;
 using support::Hex;
-using support::operator+;
 
 namespace {
 
 using Fixture = support::Reading;
-
-Bytes Text(const char* text) {
-  const auto* bytes = reinterpret_cast<const std::uint8_t*>(text);
-  return {bytes, bytes + std::strlen(text)};
-}
 
 }  // namespace
 
@@ -124,49 +115,20 @@ TEST_CASE("progress and its end") {
   CHECK(f.stream.messages.back() == "Error / ReadStop");
 }
 
-TEST_CASE("records go out piece by piece") {
+TEST_CASE("records and messages that no reading writes") {
   Fixture f;
-  CHECK(f.driver.WriteTavRec("") == 1);
-  CHECK(f.stream.writes == std::vector<Bytes>{{0}, {}});
-
-  f.stream.writes.clear();
-  CHECK(f.driver.WriteShapkaRec("V1", 'd', 8, "м3"_w, 'i', nullptr, nullptr) == 1);
-  CHECK(f.stream.Stream() == Hex("02 56 31 64 08 02 EC 33 69 02 56 31 07") + Text("default"));
-  CHECK(f.stream.writes.size() == 11);
-
-  f.stream.writes.clear();
-  const TAVDT time{2016, 9, 4, 13, 5, 9};
-  CHECK(f.driver.WriteTavTitle('H', "T", "V1", "77", "", &time) == 1);
-  CHECK(f.stream.Stream() == Hex("48 01 54 02 56 31 02 37 37 00 E0 07 09 04 0D 05 09"));
-
-  f.stream.writes.clear();
-  const std::string tooLong(258, 'x');
-  CHECK(f.driver.WriteTavRec(tooLong.c_str()) == 1);
-  CHECK(f.stream.Stream() == Hex("02 78 78"));
-
+  const struct {
+    std::string text;
+    const char* written;
+  } cases[] = {{"", "00"}, {"V1", "02 56 31"}, {std::string(258, 'x'), "02 78 78"}};
+  for (const auto& c : cases) {
+    f.stream.writes.clear();
+    CHECK(f.driver.WriteTavRec(c.text.c_str()) == 1);
+    CHECK(f.stream.Stream() == Hex(c.written));
+    CHECK(f.stream.writes.size() == 2);
+  }
   CHECK(f.driver.MessageDT(2016, 3, 5, 7) == 1);
   CHECK(f.stream.messages.back() == "05.03.2016:07 / Date:hour");
-}
-
-TEST_CASE("a refused piece ends its record, and the stream stays silent after it") {
-  for (int refused = 0; refused < 11; ++refused) {
-    Fixture f;
-    f.stream.refuseWriteAt = refused;
-    CHECK(f.driver.WriteShapkaRec("V1", 'd', 8, "u", 'i', nullptr, nullptr) == 0);
-    CHECK(f.stream.writeCalls == refused + 1);
-  }
-
-  Fixture f;
-  tav::RecordStream out(f.driver);
-  f.stream.refuseWriteAt = 1;
-  out.RowMarker();
-  CHECK_FALSE(out.Refused());
-  out.RowMarker();
-  CHECK(out.Refused());
-  f.stream.refuseWriteAt = -1;
-  out.EndMarker();
-  out.Title(tav::TitleKind::kDaily, "", {});
-  CHECK(f.stream.writeCalls == 2);
 }
 
 TEST_CASE("the port is set up in order, and the first refusal ends it") {

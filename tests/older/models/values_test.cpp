@@ -179,3 +179,14 @@ TEST_CASE("every group of every model, over the end of a month") {
     }
   }
 }
+
+TEST_CASE("the mode code of a 521 decides where volumes and masses stand") {
+  for (const int mode : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 255}) {
+    CAPTURE(mode);
+    simulator::Settings settings = Instrument("521");
+    settings.special.modeCode = mode;
+    SimulatedReading reading(settings, "H");
+    reading.Run();
+    CheckArchive(reading.Sections().at(0), reading.values, 1);
+  }
+}
