@@ -9,18 +9,17 @@
 
 namespace k7 {
 
-template <std::size_t N>
-using ColumnTable = std::array<Column, N>;
-
 // The columns that a function returns for 0, 1, ...
 template <std::size_t N, typename ColumnAt>
-constexpr ColumnTable<N> Generated(ColumnAt at) {
-  return [&]<std::size_t... I>(std::index_sequence<I...>) { return ColumnTable<N>{at(I)...}; }
+constexpr std::array<Column, N> Generated(ColumnAt at) {
+  return [&]<std::size_t... I>(std::index_sequence<I...>) { return std::array{at(I)...}; }
   (std::make_index_sequence<N>());
 }
 
-template <std::size_t N>
-constexpr ColumnTable<N> AsFloats(ColumnTable<N> table) {
+// The same columns as floats.
+template <typename Part>
+constexpr auto AsFloats(const Part& part) {
+  auto table = tav::AsTable(part);
   for (Column& column : table) {
     column.type = Type::kFloat;
     column.width = WidthOf(Type::kFloat);

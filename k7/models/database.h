@@ -21,8 +21,8 @@ constexpr std::size_t ParameterAt(std::span<const ParameterBlock> blocks, std::s
 
 // A column for each parameter of the blocks. Another number of captions does not compile.
 template <std::size_t N>
-constexpr ColumnTable<N> DatabaseColumns(std::span<const ParameterBlock> blocks,
-                                         const std::array<const char*, N>& captions) {
+constexpr std::array<Column, N> DatabaseColumns(std::span<const ParameterBlock> blocks,
+                                                const std::array<const char*, N>& captions) {
   std::size_t count = 0;
   for (const ParameterBlock& block : blocks) count += block.count;
   if (count != N || captions[N - 1] == nullptr) {

@@ -14,28 +14,28 @@ using namespace columns;
 inline constexpr std::uint16_t kBasicParameters[] = {0x003A, 0x0001, 0x0002, 0x2040, 0x2026};
 inline constexpr std::uint8_t kSystemNumbers[] = {0};
 
-inline constexpr ColumnTable<3> kMassFlows = {{
+inline constexpr Column kMassFlows[] = {
     {"Gм1"_w, Type::kFloat, "т/час"_w},
     {"Gм2"_w, Type::kFloat, "т/час"_w},
     {"Gм3"_w, Type::kFloat, "т/час"_w},
-}};
+};
 
-inline constexpr ColumnTable<1> kTemperature4 = {{{"t4", Type::kFloat, "'C"}}};
+inline constexpr Column kTemperature4 = {"t4", Type::kFloat, "'C"};
 
-inline constexpr ColumnTable<3> kFurtherPressures = {{
+inline constexpr Column kFurtherPressures[] = {
     {"P3", Type::kFloat, Unit::Chosen(kPressureUnit)},
     {"Phv", Type::kFloat, Unit::Chosen(kPressureUnit), Role::kValue, "Pхв"_w},
     {"P4", Type::kFloat, Unit::Chosen(kPressureUnit)},
-}};
+};
 
 inline constexpr auto kConditions =
     Table(kTemperatures, kTemperature4, kPressures, kFurtherPressures);
 
-inline constexpr ColumnTable<3> kTimes = {{
+inline constexpr Column kTimes[] = {
     {"Ti", Type::kFloat, "Час"_w, Role::kAccumulated, "Tи"_w},
     {"Tns", Type::kFloat, "Час"_w, Role::kAccumulated, "Tн"_w},
     {"Tw", Type::kFloat, "Час"_w, Role::kAccumulated, "Tш"_w},
-}};
+};
 inline constexpr auto kTimesOfPeriod = WithRole(Role::kValue, kTimes);
 
 // "TC1" to "TC16", how long each situation lasted.

@@ -14,13 +14,11 @@ using namespace columns;
 inline constexpr std::uint16_t kBasicParameters[] = {0x0007, 0x0000, 0x2040, 0x2026};
 inline constexpr std::uint8_t kSystemNumbers[] = {1, 2};
 
-inline constexpr ColumnTable<1> kAirTemperature = {{
-    {"tvoz", Type::kFloat, "'C", Role::kValue, "tвоз"_w},
-}};
+inline constexpr Column kAirTemperature = {"tvoz", Type::kFloat, "'C", Role::kValue, "tвоз"_w};
 
 inline constexpr auto kConditions = Table(kPressures, kTemperatures, kAirTemperature);
 
-inline constexpr ColumnTable<8> kTimes = {{
+inline constexpr Column kTimes[] = {
     {"Ti", Type::kFloat, "Час"_w, Role::kAccumulated, "Tи"_w},
     {"Tmin", Type::kFloat, "Час"_w, Role::kAccumulated, "Tmin"},
     {"Tmax", Type::kFloat, "Час"_w, Role::kAccumulated, "Tmax"},
@@ -29,7 +27,7 @@ inline constexpr ColumnTable<8> kTimes = {{
     {"Tf", Type::kFloat, "Час"_w, Role::kAccumulated, "Tф"_w},
     {"Tns", Type::kFloat, "Час"_w, Role::kAccumulated, "Tн"_w},
     {"Tw", Type::kFloat, "Час"_w, Role::kAccumulated, "Tш"_w},
-}};
+};
 
 inline constexpr auto kCurrent = Table(kState, kFlows, kConditions, kCodes);
 static_assert(RecordSize(kCurrent) == 53);

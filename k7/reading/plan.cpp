@@ -11,23 +11,17 @@ namespace {
 using namespace common::literals;
 
 struct ArchiveStep {
-  ReadGroup group;
   Kind kind;
   const char* subject;
+  ReadGroup group;
 };
 
 // In the order of reading. The control archive has no letter of its own.
 constexpr ArchiveStep kPeriodicSteps[] = {
-    {ReadGroup::kMonths, Kind::kMon, "Чтение помесячных"_w},
-    {ReadGroup::kDays, Kind::kDay, "Чтение посуточных"_w},
-    {ReadGroup::kDays, Kind::kControl, "Чтение контрольных"_w},
-    {ReadGroup::kHours, Kind::kHour, "Чтение почасовых"_w},
-};
-
-// The logs belong to the database; their own letter is not looked at.
-constexpr ArchiveStep kLogSteps[] = {
-    {ReadGroup::kDatabase, Kind::kChange, "Чтение изменений БД"_w},
-    {ReadGroup::kDatabase, Kind::kEvent, "Чтение событий"_w},
+    {Kind::kMon, "Чтение помесячных"_w, ReadGroup::kMonths},
+    {Kind::kDay, "Чтение посуточных"_w, ReadGroup::kDays},
+    {Kind::kControl, "Чтение контрольных"_w, ReadGroup::kDays},
+    {Kind::kHour, "Чтение почасовых"_w, ReadGroup::kHours},
 };
 
 constexpr const char* kBegun = "...";
@@ -77,27 +71,24 @@ bool Plan::ReadCurrentAndTotals(std::uint8_t system) {
 
 bool Plan::ReadPeriodicArchives(std::uint8_t system) {
   for (const ArchiveStep& step : kPeriodicSteps) {
-    if (GroupWanted(driver_, step.group) && !Step(step.subject, Report::kPlain, [&] {
-          return sections_.ReadPeriodic(system, step.kind);
-        })) {
-      return false;
-    }
+    if (!GroupWanted(driver_, step.group)) continue;
+    const auto read = [&] { return sections_.ReadPeriodic(system, step.kind); };
+    if (!Step(step.subject, Report::kPlain, read)) return false;
   }
   return true;
 }
 
+// The logs belong to the database; their own letter is not looked at.
 bool Plan::ReadDatabaseAndLogs(std::uint8_t system) {
   if (!GroupWanted(driver_, ReadGroup::kDatabase)) return true;
-  if (!Step("Чтение БД ТВ"_w, Report::kSwapped, [&] { return sections_.ReadDatabase(system); })) {
-    return false;
-  }
-  for (const ArchiveStep& step : kLogSteps) {
-    if (!Step(step.subject, Report::kPlain,
-              [&] { return sections_.ReadEvents(system, step.kind); })) {
-      return false;
-    }
-  }
-  return true;
+  const auto read = [&] { return sections_.ReadDatabase(system); };
+  return Step("Чтение БД ТВ"_w, Report::kSwapped, read) &&
+         ReadLog(system, Kind::kChange, "Чтение изменений БД"_w) &&
+         ReadLog(system, Kind::kEvent, "Чтение событий"_w);
+}
+
+bool Plan::ReadLog(std::uint8_t system, Kind kind, const char* subject) {
+  return Step(subject, Report::kPlain, [&] { return sections_.ReadEvents(system, kind); });
 }
 
 }  // namespace k7

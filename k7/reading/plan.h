@@ -32,6 +32,7 @@ class Plan {
   bool ReadCurrentAndTotals(std::uint8_t system);
   bool ReadPeriodicArchives(std::uint8_t system);
   bool ReadDatabaseAndLogs(std::uint8_t system);
+  bool ReadLog(std::uint8_t system, Kind kind, const char* subject);
 
   TavDrvV1& driver_;
   RecordStream& out_;
