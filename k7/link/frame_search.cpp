@@ -27,14 +27,6 @@ std::size_t EndOf(const RxBuf& received, std::size_t start) {
 
 }  // namespace
 
-void LongFrameSearch::Start(std::uint8_t address, std::uint8_t sequence,
-                            std::span<const std::uint8_t> request) {
-  address_ = address;
-  sequence_ = sequence;
-  request_ = request;
-  lookAt_ = nextEnd_ = hiddenFrom_ = kReceiveLimit;
-}
-
 // A frame ends here, or the length of one that may start six bytes back is complete.
 SearchResult LongFrameSearch::Look(const RxBuf& received, std::size_t last) {
   const SearchResult result = last == nextEnd_ ? LookAtFrames(received, last) : SearchResult{};
@@ -82,11 +74,6 @@ SearchResult LongFrameSearch::Found(const RxBuf& received, std::size_t start) {
   if (command != 0) return {State::kFound, command, start + kDataAt, LengthOf(received, start)};
   hiddenFrom_ = start;
   return {};
-}
-
-void ShortFrameSearch::Start(std::uint8_t address) {
-  address_ = address;
-  hidden_ = false;
 }
 
 SearchResult ShortFrameSearch::FindShortFrame(const RxBuf& received, std::size_t last) {

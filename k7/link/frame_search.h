@@ -1,5 +1,5 @@
-// Finding the reply in the bytes that arrive. Both searches are told of each byte once and return
-// what a search through everything received so far would find.
+// Finding the reply in the bytes that arrive. A search is made for one attempt. It is told of each
+// byte once and returns what a search through everything received so far would find.
 #pragma once
 
 #include <algorithm>
@@ -44,8 +44,11 @@ struct SearchResult {
 // in an attempt, less than a second.
 class LongFrameSearch {
  public:
-  // Begins an attempt. request: the frame that was sent; it stays where it is until the end.
-  void Start(std::uint8_t address, std::uint8_t sequence, std::span<const std::uint8_t> request);
+  // request: the frame that was sent; it outlives the search.
+  LongFrameSearch(std::uint8_t address, std::uint8_t sequence,
+                  std::span<const std::uint8_t> request)
+      : address_(address), sequence_(sequence), request_(request) {}
+
   // received[last] is the byte that arrived; called for last = 0, 1, 2, ... in turn.
   SearchResult FindLongFrame(const RxBuf& received, std::size_t last) {
     if (received[last] == kStartByte) lookAt_ = std::min(lookAt_, last + kToLengthEnd);
@@ -63,8 +66,8 @@ class LongFrameSearch {
   bool IsReply(const RxBuf& received, std::size_t start, std::size_t end) const;
   SearchResult Found(const RxBuf& received, std::size_t start);
 
-  std::uint8_t address_ = 0;
-  std::uint8_t sequence_ = 0;
+  std::uint8_t address_;
+  std::uint8_t sequence_;
   std::span<const std::uint8_t> request_;
   std::size_t lookAt_ = kReceiveLimit;      // the byte at which there is something to do
   std::size_t nextEnd_ = kReceiveLimit;     // the next byte that ends a frame that has started
@@ -76,11 +79,12 @@ class LongFrameSearch {
 // there the search does not come to an end. Both are intended.
 class ShortFrameSearch {
  public:
-  void Start(std::uint8_t address);
+  explicit ShortFrameSearch(std::uint8_t address) : address_(address) {}
+
   SearchResult FindShortFrame(const RxBuf& received, std::size_t last);
 
  private:
-  std::uint8_t address_ = 0;
+  std::uint8_t address_;
   bool hidden_ = false;  // a valid frame with command 0 was met
 };
 

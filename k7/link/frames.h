@@ -21,7 +21,7 @@ inline constexpr std::size_t kLongOverhead = 9;
 
 using TxBuf = std::array<std::uint8_t, 1024>;
 
-// Both answer the frame within the buffer, whose rest is zero. Data beyond what fits is left out.
+// Both return the frame within the buffer, whose rest is zero. Data beyond what fits is left out.
 //
 // The high byte of the length is always 0, also for more than 254 data bytes: intended.
 std::span<const std::uint8_t> BuildLongFrame(TxBuf& buffer, std::uint8_t address,

@@ -43,9 +43,9 @@ Tlv TlvWalk::EnterItem() {
   return item;
 }
 
-std::uint32_t TlvWalk::UInt32(std::size_t index, std::size_t count) const {
+std::uint32_t TlvWalk::UInt(std::size_t index, std::size_t count) const {
   std::uint32_t value = 0;
-  for (std::size_t i = 0; i < std::min<std::size_t>(count, 4); ++i) {
+  for (std::size_t i = 0; i < count; ++i) {
     value |= std::uint32_t{At(index + i)} << (8 * i);
   }
   return value;
@@ -53,7 +53,7 @@ std::uint32_t TlvWalk::UInt32(std::size_t index, std::size_t count) const {
 
 std::uint32_t TlvWalk::ItemUInt() {
   const Tlv item = NextItem();
-  return UInt32(item.at, item.length);
+  return UInt(item.at, std::min(item.length, sizeof(std::uint32_t)));
 }
 
 std::uint32_t TlvWalk::ItemText() {
@@ -65,12 +65,12 @@ std::uint32_t TlvWalk::ItemText() {
   return common::ScanUnsigned(text);
 }
 
-std::uint32_t TlvWalk::ItemFloat() { return UInt32(NextItem().at); }
+std::uint32_t TlvWalk::ItemFloat() { return UInt(NextItem().at, 4); }
 
 double TlvWalk::ItemIntFloat() {
   const Tlv item = NextItem();
-  const auto whole = static_cast<std::int32_t>(UInt32(item.at));
-  const auto fraction = std::bit_cast<float>(UInt32(item.at + 4));
+  const auto whole = static_cast<std::int32_t>(UInt(item.at, 4));
+  const auto fraction = std::bit_cast<float>(UInt(item.at + 4, 4));
   return static_cast<double>(whole) + static_cast<double>(fraction);
 }
 

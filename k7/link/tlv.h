@@ -68,7 +68,8 @@ class TlvWalk {
  private:
   // 0 behind the end.
   std::uint8_t At(std::size_t index) const { return index < bytes_.size() ? bytes_[index] : 0; }
-  std::uint32_t UInt32(std::size_t index, std::size_t count = 4) const;
+  // Low byte first; count is at most 4.
+  std::uint32_t UInt(std::size_t index, std::size_t count) const;
   Tlv Locate() const;
   void MoveTo(std::size_t index);
 

@@ -54,15 +54,13 @@ ReceivedCommand Transport::Exchange(std::uint8_t command, std::span<const std::u
 }
 
 ReceivedCommand Transport::ReceiveLongFrame(std::span<const std::uint8_t> request, Reply& reply) {
-  longSearch_.Start(devAddr_, seqNo_, request);
-  return Receive([this](std::size_t last) { return longSearch_.FindLongFrame(rxBuf_, last); },
-                 reply);
+  LongFrameSearch search(devAddr_, seqNo_, request);
+  return Receive([&](std::size_t last) { return search.FindLongFrame(rxBuf_, last); }, reply);
 }
 
 ReceivedCommand Transport::ReceiveShortFrame(Reply& reply) {
-  shortSearch_.Start(devAddr_);
-  return Receive([this](std::size_t last) { return shortSearch_.FindShortFrame(rxBuf_, last); },
-                 reply);
+  ShortFrameSearch search(devAddr_);
+  return Receive([&](std::size_t last) { return search.FindShortFrame(rxBuf_, last); }, reply);
 }
 
 // The searches never look behind the newest byte, so that the buffer need not be cleared.

@@ -43,8 +43,6 @@ class Transport {
   std::uint8_t seqNo_ = 0;
   TxBuf txBuf_{};
   RxBuf rxBuf_{};
-  LongFrameSearch longSearch_;
-  ShortFrameSearch shortSearch_;
 };
 
 }  // namespace k7

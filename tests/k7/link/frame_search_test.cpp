@@ -64,7 +64,7 @@ auto Fields(const SearchResult& result) {
   return std::tuple(result.state, result.command, result.dataAt, result.length);
 }
 
-// One object for all streams: what an attempt leaves behind must not reach the next one.
+// The buffer keeps what earlier streams left in it.
 struct Searches {
   template <typename Find, typename Literal>
   State Compare(const Bytes& stream, const Link& link, Find find, Literal literal) {
@@ -79,18 +79,16 @@ struct Searches {
     return State::kNothing;
   }
   State Long(const Bytes& stream, const Link& link) {
-    longSearch.Start(link.address, link.sequence, link.request);
-    const auto find = [&](std::size_t ir) { return longSearch.FindLongFrame(received, ir); };
+    k7::LongFrameSearch search(link.address, link.sequence, link.request);
+    const auto find = [&](std::size_t ir) { return search.FindLongFrame(received, ir); };
     return Compare(stream, link, find, LiteralLong);
   }
   State Short(const Bytes& stream, const Link& link) {
-    shortSearch.Start(link.address);
-    const auto find = [&](std::size_t ir) { return shortSearch.FindShortFrame(received, ir); };
+    k7::ShortFrameSearch search(link.address);
+    const auto find = [&](std::size_t ir) { return search.FindShortFrame(received, ir); };
     return Compare(stream, link, find, LiteralShort);
   }
 
-  k7::LongFrameSearch longSearch;
-  k7::ShortFrameSearch shortSearch;
   k7::RxBuf received{};
 };
 

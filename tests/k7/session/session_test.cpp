@@ -71,25 +71,29 @@ TEST_CASE("a basic read that the link fails is passed over, all else ends the re
   struct Case {
     const char* request;
     Replaced reply;
-    const char *said, *end;
+    const char* said;
+    int introduced;
+    bool read;
   };
   const char* const basic = "0:7+4";
   const char* const clock = "0:1024+2";
-  for (const Case& c :
-       {Case{basic, {0, {}}, " / Numer", "OK / ReadStop"},
-        Case{basic, {0x3F, {}}, "not 0x72 result=0x3F / error basic", "Error / ReadStop"},
-        Case{clock, {0, {}}, "count=1 / error query", "Error / ReadStop"},
-        Case{clock, {0x61, {}}, "not 0x72 result=0x61 / error dt", "Error / ReadStop"}}) {
+  for (const Case& c : {Case{basic, {0, {}}, " / Numer", 1, true},
+                        Case{basic, {0x3F, {}}, "not 0x72 result=0x3F / error basic", 0, false},
+                        Case{clock, {0, {}}, "count=1 / error query", 1, false},
+                        Case{clock, {0x61, {}}, "not 0x72 result=0x61 / error dt", 1, false}}) {
     INFO(std::string(c.said));
-    Reading reading("k7-523");
+    Reading reading("k7-523", "T");
     reading.onReply = [&](const Frame& request, Bytes& reply) {
       if (request.command == 0x72 && k7test::RangeOf(request) == c.request) c.reply(request, reply);
     };
-    CHECK(reading.Run() == c.end);
+    CHECK(reading.Run() == (c.read ? "OK / ReadStop" : "Error / ReadStop"));
     CHECK(reading.stream.Said(c.said));
-    CHECK(reading.stream.CountOf("V3 / Version") ==
-          (c.said[0] == 'n' && c.request == basic ? 0 : 1));
-    CHECK(reading.stream.writes.empty());
+    CHECK(reading.stream.CountOf("V3 / Version") == c.introduced);
+    const auto sections = reading.Sections();
+    CHECK(sections.size() == (c.read ? 4 : 0));
+    if (!c.read) continue;
+    CHECK(sections[0].Column("P1").unit == "кгс/см2"_w);
+    CHECK(sections[1].Column("Q").unit == "кгс/см2"_w);
   }
 }
 
