@@ -49,7 +49,7 @@ TavDrvV1::~TavDrvV1() {
 }
 
 void* TavDrvV1::Destroy(unsigned flags) {
-  // As a number: the answer is an address, whether or not anything stands there any more.
+  // As a number: the result is an address, whether or not anything stands there any more.
   const auto address = reinterpret_cast<std::uintptr_t>(this);
   TavDrvV1::~TavDrvV1();
   if ((flags & 1) != 0) ::operator delete(this);

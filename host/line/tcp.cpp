@@ -45,21 +45,21 @@ TcpAddress ParseTcpAddress(const std::string& text) {
   const std::size_t colon = text.rfind(':');
   TcpAddress address;
   if (colon != std::string::npos) address = {text.substr(0, colon), text.substr(colon + 1)};
-  if (address.host.starts_with('[') && address.host.ends_with(']')) {
-    address.host = address.host.substr(1, address.host.size() - 2);
+  if (address.gateway.starts_with('[') && address.gateway.ends_with(']')) {
+    address.gateway = address.gateway.substr(1, address.gateway.size() - 2);
   }
-  if (address.host.empty() || !IsPortNumber(address.port)) {
+  if (address.gateway.empty() || !IsPortNumber(address.port)) {
     throw std::invalid_argument(fmt::format("{} is no HOST:PORT", text));
   }
   return address;
 }
 
-std::string NameOf(const TcpAddress& address) { return address.host + ":" + address.port; }
+std::string NameOf(const TcpAddress& address) { return address.gateway + ":" + address.port; }
 
 tcp::socket Connect(asio::io_context& context, const TcpAddress& address) {
   tcp::socket socket(context);
   asio::error_code error;
-  const auto endpoints = tcp::resolver(context).resolve(address.host, address.port, error);
+  const auto endpoints = tcp::resolver(context).resolve(address.gateway, address.port, error);
   if (error) throw ConnectError(address, error);
   for (const auto& endpoint : endpoints) {
     error = TryConnect(context, socket, endpoint.endpoint());

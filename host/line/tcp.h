@@ -8,7 +8,7 @@
 namespace host {
 
 struct TcpAddress {
-  std::string host;
+  std::string gateway;  // name or address
   std::string port;
 };
 
