@@ -22,12 +22,10 @@ constexpr std::size_t ParameterAt(std::span<const ParameterBlock> blocks, std::s
 // A column for each parameter of the blocks. Another number of captions does not compile.
 template <std::size_t N>
 constexpr std::array<Column, N> DatabaseColumns(std::span<const ParameterBlock> blocks,
-                                                const std::array<const char*, N>& captions) {
+                                                const char* const (&captions)[N]) {
   std::size_t count = 0;
   for (const ParameterBlock& block : blocks) count += block.count;
-  if (count != N || captions[N - 1] == nullptr) {
-    common::DoesNotCompile("the captions are not as many as the parameters");
-  }
+  if (count != N) common::DoesNotCompile("the captions are not as many as the parameters");
   return Generated<N>([&](std::size_t i) {
     return Column{kParameterNames[ParameterAt(blocks, i)].data(),
                   Type::kChars,

@@ -68,7 +68,7 @@ inline constexpr ParameterBlock kBlocks[] = {
     {0, 10},  {10, 10}, {20, 10}, {30, 10},  {40, 10},  {50, 10}, {60, 10},
     {70, 10}, {80, 10}, {90, 10}, {100, 10}, {150, 10}, {160, 7},
 };
-inline constexpr std::array<const char*, 127> kCaptions = {
+inline constexpr const char* kCaptions[] = {
     "СП"_w,    "ЕИ/P"_w, "ЕИ/Q"_w, "ТО"_w,    "ДО"_w,    "РКЧ"_w,   "СР"_w,    "ЧР"_w,    "ПЛ"_w,
     "tхк"_w,   "Pхк"_w,  "ТС"_w,   "ТС1"_w,   "tк1"_w,   "ТС2"_w,   "tк2"_w,   "ТС3"_w,   "tк3"_w,
     "ПД1"_w,   "ВП1"_w,  "Pк1"_w,  "ПД2"_w,   "ВП2"_w,   "Pк2"_w,   "ПД3"_w,   "ВП3"_w,   "Pк3"_w,

@@ -45,7 +45,7 @@ static_assert(RecordSize(kPeriodic) == 112 && RecordSize(kControl) == 112);
 // There is no parameter 21.
 inline constexpr ParameterBlock kCommonBlocks[] = {{0, 10}, {10, 11}, {22, 5}};
 // One caption stands there twice and one looks like a slip: intended.
-inline constexpr std::array<const char*, 26> kCommonCaptions = {
+inline constexpr const char* kCommonCaptions[] = {
     "ЕИ"_w,  "ТО"_w,  "ДО"_w,  "СР"_w,  "ЧР"_w,  "ПЛ"_w,   "NT",    "ИД"_w,  "КИ"_w,
     "ВМН"_w, "ВМК"_w, "tхк"_w, "Pхк"_w, "ТС"_w,  "КД"_w,   "СН"_w,  "ТС3"_w, "КУ"_w,
     "НУ"_w,  "УВ"_w,  "УН"_w,  "КУ2"_w, "КУ2"_w, "НУ22"_w, "УВ2"_w, "УН2"_w,
@@ -53,7 +53,7 @@ inline constexpr std::array<const char*, 26> kCommonCaptions = {
 inline constexpr auto kCommonDatabase = DatabaseColumns(kCommonBlocks, kCommonCaptions);
 
 inline constexpr ParameterBlock kSystemBlocks[] = {{0, 10}, {10, 10}, {20, 10}, {30, 5}};
-inline constexpr std::array<const char*, 35> kSystemCaptions = {
+inline constexpr const char* kSystemCaptions[] = {
     "СП"_w,  "КВ"_w,  "tк1"_w, "tк2"_w, "tк3"_w, "ДВ"_w,  "ВП1"_w,  "ВП2"_w, "Pк1"_w,
     "Pк2"_w, "Pк3"_w, "КG"_w,  "С1"_w,  "Gв1"_w, "Gн1"_w, "Gк1"_w,  "С2"_w,  "Gв2"_w,
     "Gн2"_w, "Gк2"_w, "С3"_w,  "Gв3"_w, "Gн3"_w, "Gк3"_w, "АМ"_w,   "Мк"_w,  "НМ"_w,
