@@ -13,4 +13,4 @@ for header in "$include"/TKSplDrv/*.h; do
   done
 done
 echo "$count headers compiled"
-[ $count -ge 16 ]
+[ $count -ge 20 ]
