@@ -2,11 +2,6 @@
 
 namespace {
 
-template <class Function>
-Callee Of(const char* name, Function* function) {
-  return {name, reinterpret_cast<const void*>(function), nullptr, Convention::kC};
-}
-
 // Each row is called four times.
 void CheckDates() {
   SYSTEMTIME time{2016, 2, 0, 28, 23, 5, 9, 0};

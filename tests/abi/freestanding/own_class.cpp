@@ -27,14 +27,6 @@ unsigned long __stdcall OwnRoutine(void* driver) {
   return 5;
 }
 
-template <class Member>
-Callee Of(const char* name, TavDrvV1& object, Member member) {
-  const void* target = nullptr;
-  static_assert(sizeof member == sizeof target);
-  __builtin_memcpy(&target, &member, sizeof target);
-  return {name, target, &object, Convention::kThis};
-}
-
 void CheckThread(TavDrvV1& driver) {
   // A cast chooses the overload that is no slot.
   const Callee start = Of("Start(routine)", driver,

@@ -25,6 +25,19 @@ struct Callee {
   Convention convention;
 };
 
+template <class Function>
+Callee Of(const char* name, Function* function) {
+  return {name, reinterpret_cast<const void*>(function), nullptr, Convention::kC};
+}
+
+template <class Object, class Member>
+Callee Of(const char* name, Object& object, Member member) {
+  const void* target = nullptr;
+  static_assert(sizeof member == sizeof target);
+  __builtin_memcpy(&target, &member, sizeof target);
+  return {name, target, &object, Convention::kThis};
+}
+
 inline unsigned Word(unsigned value) { return value; }
 inline unsigned Word(int value) { return static_cast<unsigned>(value); }
 inline unsigned Word(const void* pointer) { return reinterpret_cast<unsigned>(pointer); }
