@@ -10,12 +10,18 @@ if [ "${1:-}" = --check ]; then
   shift
 fi
 page=${1:?usage: listed-page.sh [--check] records|fields [PROGRAM]}
-list=${2:-build/native/list_$page}
 document=docs/$page.md
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 
-"$list" > "$folder/list"
+list() {
+  case $page in
+    records) "${1:-build/native/list_records}" ;;
+    fields) echo '```text' && "${1:-build/native/irvela}" models --fields && echo '```' ;;
+  esac
+}
+
+list "${@:2}" > "$folder/list"
 sed '/^<!-- .* -->$/q' "$document" > "$folder/document"
 cat "$folder/list" >> "$folder/document"
 if [ -z "$check" ]; then

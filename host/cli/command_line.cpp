@@ -42,6 +42,18 @@ void AddSimulate(CLI::App& app, SimulateOptions& simulate) {
   app.final_callback([&simulate, tcp] { simulate.tcp = tcp->count() > 0; });
 }
 
+void AddModels(CLI::App& app, ModelsOptions& models) {
+  CLI::Option* fields = app.add_flag("--fields", models.fields,
+                                     "what every column means: field, quantity, pipe, true unit");
+  app.add_option_function<std::string>(
+         "--format", [&models](const std::string& name) { models.json = name == "json"; },
+         "of the fields: table or json")
+      ->check(CLI::IsMember({"table", "json"}))
+      ->option_text("NAME")
+      ->default_str("table")
+      ->needs(fields);
+}
+
 class Parser {
  public:
   Parser() {
@@ -56,6 +68,7 @@ class Parser {
     AddDecode(*decode_, line_.decode);
     AddSimulate(*simulate_, line_.simulate);
     simulated_.AddTo(*simulate_);
+    AddModels(*models_, line_.models);
   }
 
   CommandLine Parse(std::vector<std::string> arguments) {
@@ -109,7 +122,7 @@ class Parser {
   CLI::App* read_ = app_.add_subcommand("read", "Reads an instrument and shows what it holds.");
   CLI::App* decode_ = app_.add_subcommand("decode", "Shows a stream that a reading kept.");
   CLI::App* simulate_ = app_.add_subcommand("simulate", "Is an instrument on a line.");
-  CLI::App* models_ = app_.add_subcommand("models", "Lists what can be simulated.");
+  CLI::App* models_ = app_.add_subcommand("models", "Lists the models and what their values mean.");
 };
 
 }  // namespace

@@ -23,6 +23,11 @@ struct SimulateOptions {
   std::uint16_t port = 0;  // with tcp; 0: any
 };
 
+struct ModelsOptions {
+  bool fields = false;  // what every column means, instead of the models
+  bool json = false;    // of the fields
+};
+
 enum class Command { kNone, kRead, kDecode, kSimulate, kModels };
 
 struct CommandLine {
@@ -32,6 +37,7 @@ struct CommandLine {
   ReadOptions read;
   DecodeOptions decode;
   SimulateOptions simulate;
+  ModelsOptions models;
 };
 
 // Never throws for what stands on the command line.

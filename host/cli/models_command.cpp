@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "host/cli/commands.h"
+#include "host/output/fields_list.h"
 #include "host/system/exit_codes.h"
 #include "host/system/files.h"
 
@@ -40,9 +41,7 @@ std::string ModelsWith(const char* fault) {
   return fmt::format("{}", fmt::join(models, ", "));
 }
 
-}  // namespace
-
-int ListModels() {
+std::string ModelsText() {
   std::string text = "Instruments, for --simulate and simulate, each with its --units:\n";
   for (const simulator::Choice& model : simulator::Models()) {
     text += Line(model) + Line({"", UnitsOf(model.name).c_str()});
@@ -54,7 +53,17 @@ int ListModels() {
     if (models != std::exchange(group, models)) text += fmt::format("\n{} only:\n", models);
     text += Line(fault);
   }
-  WriteStandardOutput(text);
+  return text;
+}
+
+}  // namespace
+
+int ListModels(const ModelsOptions& options) {
+  if (!options.fields) {
+    WriteStandardOutput(ModelsText());
+  } else {
+    WriteStandardOutput(options.json ? FieldsJson() : FieldsText());
+  }
   return kSuccess;
 }
 

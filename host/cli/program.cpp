@@ -18,7 +18,7 @@ int RunCommand(const CommandLine& line) {
     case Command::kSimulate:
       return Simulate(line.simulate);
     case Command::kModels:
-      return ListModels();
+      return ListModels(line.models);
     case Command::kNone:
       break;
   }

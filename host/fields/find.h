@@ -1,0 +1,28 @@
+// Finding sections and columns in the tables.
+#pragma once
+
+#include <span>
+
+#include "host/fields/layout.h"
+#include "host/stream/section.h"
+
+namespace host {
+
+// Of each model.
+std::span<const std::span<const Layout>> AllLayouts();
+
+tav::Type TypeIn(const Run& run, const Entry& entry);
+const char* CaptionOf(const Entry& entry);
+
+// The layout that describes a section; null when none does. Texts of models and sections are shared
+// between models; their columns are not.
+const Layout* FindLayout(const Section& section);
+
+// A column in a layout, and the run that it stands in; both null when it is not there.
+struct FoundEntry {
+  const Entry* entry = nullptr;
+  const Run* run = nullptr;
+};
+FoundEntry FindEntry(const Layout& layout, const Column& column);
+
+}  // namespace host

@@ -1,0 +1,16 @@
+// How quantities, pipes and the like are called where a user reads them.
+#pragma once
+
+#include "host/fields/layout.h"
+
+namespace host {
+
+// "mass flow", "supply", "total", "float", "accumulated"; empty where there is nothing to say:
+// Quantity::kOther, Pipe::kNone, Span::kNone.
+const char* NameOf(Quantity quantity);
+const char* NameOf(Pipe pipe);
+const char* NameOf(Span span);
+const char* NameOf(tav::Type type);
+const char* NameOf(tav::Role role);
+
+}  // namespace host
