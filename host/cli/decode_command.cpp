@@ -5,7 +5,6 @@
 #include "host/cli/commands.h"
 #include "host/cli/summary.h"
 #include "host/reading/kept_stream.h"
-#include "host/system/exit_codes.h"
 #include "host/system/files.h"
 
 namespace host {
@@ -15,10 +14,9 @@ int Decode(const DecodeOptions& options) {
   Screen screen;
   const auto sinks = MakeSinks(options.sinks, screen);
   const RunEnd end = RunKeptStream(raw, options.file, *sinks);
-  TellIgnored(end.counts);
-  if (end.ending == Ending::kRead) return kSuccess;
-  fmt::print(stderr, "irvela: {}\n", end.reason);
-  return kFailed;
+  fmt::print(stderr, "{}", IgnoredLine(end.counts));
+  if (!end.reason.empty()) fmt::print(stderr, "irvela: {}\n", end.reason);
+  return ExitCodeOf(end);
 }
 
 }  // namespace host

@@ -1,3 +1,7 @@
+#include <fmt/format.h>
+
+#include <cstdio>
+
 #include "host/cli/commands.h"
 #include "host/cli/summary.h"
 #include "host/line/open_line.h"
@@ -29,7 +33,8 @@ int Read(const ReadOptions& options) {
   CountInterrupts();
   const Run run{options.settings, options.line, LocalNow()};
   const RunEnd end = RunReading(library, run, *line, *sinks, Interrupted);
-  return TellReading(end, options.sinks.out);
+  fmt::print(stderr, "{}{}", IgnoredLine(end.counts), ReadingLine(end, options.sinks.out));
+  return ExitCodeOf(end);
 }
 
 }  // namespace host

@@ -1,4 +1,4 @@
-// The last lines of a run, on the standard error.
+// How a run ended, for people and for scripts.
 #pragma once
 
 #include <string>
@@ -7,10 +7,13 @@
 
 namespace host {
 
-// Nothing when all of the stream made sense.
-void TellIgnored(const StreamCounts& counts);
+int ExitCodeOf(const RunEnd& end);
 
-// What a reading brought, and the exit code that says the same. out: the folder, or empty.
-int TellReading(const RunEnd& end, const std::string& out);
+// "irvela: 2 pieces of the stream made no sense"; empty when all of it made sense. A whole line, as
+// the next one.
+std::string IgnoredLine(const StreamCounts& counts);
+
+// What a reading brought. out: the folder that keeps it, or empty.
+std::string ReadingLine(const RunEnd& end, const std::string& out);
 
 }  // namespace host

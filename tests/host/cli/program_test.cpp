@@ -2,10 +2,24 @@
 #include <doctest/doctest.h>
 
 #include "host/cli/commands.h"
+#include "host/cli/summary.h"
 #include "host/system/exit_codes.h"
 #include "tests/host/scratch_folder.h"
 
 using host_test::ScratchFolder;
+
+TEST_CASE("how a run ended is told in a line and an exit code") {
+  using host::Ending;
+  CHECK(host::IgnoredLine({}) == "");
+  CHECK(host::IgnoredLine({0, 0, 2}) == "irvela: 2 pieces of the stream made no sense\n");
+  CHECK(host::ReadingLine({Ending::kRead, "", {1, 2}}, "out") ==
+        "irvela: read 1 section with 2 rows, kept in out\n");
+  CHECK(host::ReadingLine({Ending::kInterrupted, "", {2, 1}}, "") ==
+        "irvela: interrupted after 2 sections with 1 row\n");
+  CHECK(host::ReadingLine({Ending::kFailed, "no reply", {0, 0}}, "") ==
+        "irvela: the reading failed after 0 sections with 0 rows: no reply\n");
+  CHECK(host::ExitCodeOf({Ending::kInterrupted, "", {}}) == host::kInterrupted);
+}
 
 TEST_CASE("a reading's folder is the one that decoding its raw file gives") {
   const ScratchFolder scratch;

@@ -145,7 +145,8 @@ TEST_CASE("every format costs in proportion to its input") {
   stream.Title('H', "");
   for (int i = 0; i < 3000; ++i) stream.Header("a", 'B', i % 2 == 0 ? 0 : 1);
   for (int i = 0; i < 3000; ++i) stream.Row({{1, 1}});
-  stream.Row({Bytes(20000, 7)});
+  stream.Row({Bytes(20000, 7)}).Title('H', "").Header("a", 'B', 1);
+  for (int i = 0; i < 1000; ++i) stream.Row({Bytes(i == 0 ? 20000 : 2, 7)});
   for (const Format format : {Format::kTable, Format::kCsv, Format::kJson}) {
     CHECK(Shown(stream, Options(format, 0)).size() < 4'000'000);  // for about 100 KB
     CHECK(Shown(stream, Options(format, 0, true)).size() < 4'000'000);
