@@ -37,7 +37,7 @@ constexpr std::size_t OperativeSize(const Model& model) {
 
 constexpr std::size_t DatabaseSize(const Model& model) {
   const std::size_t own = RecordSize(model.database.block.columns);
-  if (model.systems == nullptr) return own;
+  if (!model.systems) return own;
   return std::max(own, RecordSize(model.systems->database.block.columns));
 }
 
@@ -72,7 +72,7 @@ inline constexpr std::size_t kLargestLogRecord = Largest(LogSize);
 constexpr bool IsWhole(const Model* model) {
   return OperativeSize(*model) == RecordSize(model->operative.layout) &&
          OperativeSize(*model) <= kMostReplyData &&
-         (model->systems == nullptr || model->systems->count <= kHeatSystems);
+         (!model->systems || model->systems->count <= kHeatSystems);
 }
 static_assert(std::ranges::all_of(kModels, IsWhole));
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 #include "older/reads/archive.h"
@@ -65,11 +66,11 @@ struct Model {
   const char* greeting;     // "521" / "Th"
   const char* sectionText;  // null: left as it is
   ProgressWeights progress;
-  DatabaseSection database;              // of the instrument
-  Field number;                          // the serial number, in its database,
-  Field mode = {};                       // and the mode code, where there is one heat system
-  const HeatSystems* systems = nullptr;  // null: one, without a session of its own
-  StartText start;                       // of the sections after the database
+  DatabaseSection database;                 // of the instrument
+  Field number;                             // the serial number, in its database,
+  Field mode = {};                          // and the mode code, where there is one heat system
+  std::optional<HeatSystems> systems = {};  // none: one, without a session of its own
+  StartText start;                          // of the sections after the database
   OperativeSection operative;
   ArchiveSection archives[3];  // by ArchiveKind
   std::span<const LogSection> logs = {};

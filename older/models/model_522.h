@@ -94,7 +94,7 @@ inline constexpr Model kModel522 = {
                  .start = "Start Read",
                  .startName = "BD ОВ"_w},
     .number = FieldOf(kGeneralLayout522, "ID"),
-    .systems = &kSystems522,
+    .systems = kSystems522,
     .start = nullptr,
     .operative = {.layout = kCurrentLayout522,
                   .blocks = kOperative522,

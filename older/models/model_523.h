@@ -136,7 +136,7 @@ inline constexpr Model kModel523 = {
          .startName = "BD",
          .noticeAfter = true},
     .number = FieldOf(kGeneralLayout523, "ID"),
-    .systems = &kSystems523,
+    .systems = kSystems523,
     .start = nullptr,
     .operative = {.layout = kCurrentLayout523,
                   .blocks = kOperative523,

@@ -102,16 +102,16 @@ bool ReadWhole(TKSplImpl& reader, const Model& model) {
   std::array<std::uint8_t, kLargestDatabase> buffer{};
   const auto record = std::span(buffer).first(RecordSize(block.columns));
   if (!OpenInstrument(reader, model, record)) return false;
-  if (model.systems == nullptr) TellMode(reader, NumberIn(model.mode, record), part.system);
+  if (!model.systems) TellMode(reader, NumberIn(model.mode, record), part.system);
   if (!ReadDatabaseSection(reader, part, model.database, record)) return false;
-  return model.systems != nullptr || ReadSections(reader, part);
+  return model.systems.has_value() || ReadSections(reader, part);
 }
 
 }  // namespace
 
 bool ReadInstrument(TKSplImpl& reader, const Model& model) {
   const bool whole = ReadWhole(reader, model);
-  return model.systems != nullptr ? ReadSystems(reader, model, whole) : whole;
+  return model.systems ? ReadSystems(reader, model, whole) : whole;
 }
 
 }  // namespace older

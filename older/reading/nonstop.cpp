@@ -41,7 +41,7 @@ void NonstopStep(TKSplImpl& reader, const ReadPart& part) {
   reader.SayNewValues();
   if (EndsStep(reader) || reader.InstrumentClock.minute < kFirstMinute) return;
   if (!Due(reader, kHours, part.system)) return;
-  if (part.model.systems != nullptr && !OpenSystem(reader, part.system)) {
+  if (part.model.systems.has_value() && !OpenSystem(reader, part.system)) {
     TellSystemNotOpened(reader, part.system);
     return;
   }
@@ -56,7 +56,7 @@ void NonstopStep(TKSplImpl& reader, const ReadPart& part) {
 void Nonstop(TKSplImpl& reader, const Model& model) {
   reader.Say("reading...", "Nonstop");
   if (!ReadClockOrTell(reader)) return;
-  if (model.systems == nullptr) {
+  if (!model.systems) {
     NonstopStep(reader, WholeInstrument(model));
     return;
   }

@@ -29,12 +29,3 @@ TEST_CASE("settings out of range are refused") {
     CHECK_THROWS_AS(MakeInstrument(settings, ClockOf(settings)), std::invalid_argument);
   }
 }
-
-TEST_CASE("every model takes all the faults that it lists") {
-  for (const Choice& model : Models()) {
-    CAPTURE(model.name);
-    Settings settings = FixedSettings(model.name);
-    for (const Choice& fault : FaultsOf(model.name)) settings.faults.push_back({fault.name});
-    CHECK_NOTHROW(MakeInstrument(settings, ClockOf(settings)));
-  }
-}

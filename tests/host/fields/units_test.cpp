@@ -47,8 +47,8 @@ TEST_CASE("conversions") {
   for (const auto& c : cases) {
     CAPTURE(c.name);
     Field field;
-    field.base = "q";
-    field.name = std::string("q_") + host::SuffixOf(c.from);
+    field.base.assign(1, 'q');
+    field.name.append("q_").append(host::SuffixOf(c.from));
     field.unit = c.from;
     const Field converted = host::Converted(field, host::ParseUnitChoice(c.choice).value());
     CHECK(converted.name == c.name);
