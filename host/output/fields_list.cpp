@@ -130,7 +130,9 @@ std::string FieldsText() {
   for (const ListedTable& table : ListFields()) {
     std::vector<Line> lines = {kHeading};
     for (const ListedColumn& listed : table.columns) lines.push_back(LineOf(listed));
-    text += (text.empty() ? "" : "\n") + TitleOf(table) + Aligned(lines);
+    if (!text.empty()) text += '\n';
+    text += TitleOf(table);
+    text += Aligned(lines);
   }
   return text;
 }
@@ -139,7 +141,8 @@ std::string FieldsJson() {
   std::string text;
   for (const ListedTable& table : ListFields()) {
     for (const ListedColumn& listed : table.columns) {
-      text += (text.empty() ? "[\n" : ",\n") + JsonOf(table, listed);
+      text += text.empty() ? "[\n" : ",\n";
+      text += JsonOf(table, listed);
     }
   }
   return text + "\n]\n";

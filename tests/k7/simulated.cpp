@@ -12,7 +12,7 @@ simulator::Settings Instrument(const char* model, std::vector<simulator::Fault> 
 
 Bytes Reply(const Frame& request, int command, const Bytes& data) {
   return simulator::k7::Build({request.isLong, request.address, request.sequence,
-                static_cast<std::uint8_t>(command), data});
+                               static_cast<std::uint8_t>(command), data});
 }
 
 std::string RangeOf(const Frame& request) {

@@ -29,4 +29,3 @@ TEST_CASE("the local time") {
   } while (before != LocalTime());
   CHECK(told == before);
 }
-
