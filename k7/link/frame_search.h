@@ -41,7 +41,7 @@ struct SearchResult {
 // A byte costs two comparisons, and each frame start one checksum of the frame that it claims, when
 // that frame's last byte is there. The reply of an instrument is one start. At worst 9362 starts,
 // one behind the other in 65535 bytes, claim everything behind them: 3 * 10^8 steps of the checksum
-// in an attempt, less than a second.
+// in an attempt, about a second.
 class LongFrameSearch {
  public:
   // request: the frame that was sent; it outlives the search.
