@@ -1,9 +1,9 @@
 // A folder of the test's own that goes with it.
 #pragma once
 
-#include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
 #include <string>
 
@@ -12,9 +12,11 @@ namespace host_test {
 class ScratchFolder {
  public:
   ScratchFolder() {
-    const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
-    path_ = std::filesystem::temp_directory_path() / ("irvela-test-" + std::to_string(now));
-    std::filesystem::create_directories(path_);
+    // Tests run at the same time, and each takes its folder away: only a new one is its own.
+    std::random_device random;
+    do {
+      path_ = std::filesystem::temp_directory_path() / ("irvela-test-" + std::to_string(random()));
+    } while (!std::filesystem::create_directory(path_));
   }
   ~ScratchFolder() {
     std::error_code ignored;
