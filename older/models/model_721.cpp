@@ -1,15 +1,19 @@
 #include "older/models/model_721.h"
 
+#include <array>
 #include <cstring>
-#include <utility>
 
 namespace older {
 namespace {
 
-constexpr auto kUnitFields = []<std::size_t... I>(std::index_sequence<I...>) {
-  return std::array{FieldOf(kBdLayout721, kUnitColumns721[I])...};
+consteval auto UnitFields() {
+  std::array<Field, std::size(kUnitColumns721)> fields;
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    fields[i] = FieldOf(kBdLayout721, kUnitColumns721[i]);
+  }
+  return fields;
 }
-(std::make_index_sequence<std::size(kUnitColumns721)>());
+constexpr auto kUnitFields = UnitFields();
 
 }  // namespace
 
