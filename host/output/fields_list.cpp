@@ -88,12 +88,14 @@ std::string JsonList(const std::vector<std::string>& values) {
 template <typename Part>
 std::string JsonListOf(const std::vector<Field>& fields, Part part) {
   std::vector<std::string> values;
+  values.reserve(fields.size());
   for (const Field& field : fields) values.push_back(TextOrNull(part(field)));
   return JsonList(values);
 }
 
 std::string JsonTexts(const std::vector<std::string>& texts) {
   std::vector<std::string> values;
+  values.reserve(texts.size());
   for (const std::string& text : texts) values.push_back(JsonText(text));
   return JsonList(values);
 }
