@@ -91,8 +91,8 @@ Cost ReadHours(const std::string& device) {
   {
     CountingLine line(host::OpenLine(run.line), cost);
     host::CsvFolder csv(folder);
-    const auto end =
-        host::RunReading(host::DriverLibrary(""), run, line, csv, [] { return false; });
+    const auto end = host::RunReading(host::DriverLibrary(""), run, line, csv,
+                                      [] { return host::StopRequest::kNone; });
     if (end.ending != host::Ending::kRead) throw std::runtime_error(end.reason);
   }
   cost.microseconds = ProcessorTime() - start;

@@ -21,6 +21,8 @@ std::unique_ptr<LinePort> Open(const ReadOptions& options, Screen& screen) {
   return OpenLine(options.line, simulated);
 }
 
+StopRequest StopAsked() { return Interrupted() ? StopRequest::kInterrupted : StopRequest::kNone; }
+
 }  // namespace
 
 int Read(const ReadOptions& options) {
@@ -32,7 +34,7 @@ int Read(const ReadOptions& options) {
   const auto sinks = MakeSinks(options.sinks, screen);
   CountInterrupts();
   const Run run{options.settings, options.line, LocalNow()};
-  const RunEnd end = RunReading(library, run, *line, *sinks, Interrupted);
+  const RunEnd end = RunReading(library, run, *line, *sinks, StopAsked);
   fmt::print(stderr, "{}{}", IgnoredLine(end.counts), ReadingLine(end, options.sinks.out));
   return ExitCodeOf(end);
 }

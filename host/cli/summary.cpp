@@ -11,6 +11,8 @@ int ExitCodeOf(const RunEnd& end) {
   switch (end.ending) {
     case Ending::kRead:
       return kSuccess;
+    case Ending::kGaps:
+      return kReadWithGaps;
     case Ending::kInterrupted:
       return kInterrupted;
     case Ending::kFailed:
@@ -31,6 +33,8 @@ std::string ReadingLine(const RunEnd& end, const std::string& out) {
   switch (end.ending) {
     case Ending::kRead:
       return fmt::format("irvela: read {}\n", read);
+    case Ending::kGaps:
+      return fmt::format("irvela: read {}, with gaps\n", read);
     case Ending::kInterrupted:
       return fmt::format("irvela: interrupted after {}\n", read);
     case Ending::kFailed:

@@ -72,7 +72,7 @@ class Generator {
 
 }  // namespace
 
-Field FieldOf(const Run& run, const Entry& entry, const UnitOf& unit) {
+Field FieldOf(const ColumnRun& run, const Entry& entry, const UnitOf& unit) {
   const Name name = FindName(entry.base);
   Field field;
   field.base = entry.base;

@@ -23,7 +23,7 @@ struct Field {
 };
 
 // The field of an entry, once its unit is known.
-Field FieldOf(const Run& run, const Entry& entry, const UnitOf& unit);
+Field FieldOf(const ColumnRun& run, const Entry& entry, const UnitOf& unit);
 
 // A field for each column, in order. A column that no table has gets a name made of its own
 // ("x_foo"), an unknown quantity and the driver's unit.

@@ -17,7 +17,7 @@ bool MayBe(const Layout& layout, const Title& title) {
   return NamesOf(layout.model).told == title.model && NamesOf(layout.content).kind == title.kind;
 }
 
-bool Describes(const Entry& entry, const Run& run, const Column& column) {
+bool Describes(const Entry& entry, const ColumnRun& run, const Column& column) {
   return column.name == entry.column && column.type == TypeIn(run, entry) &&
          column.role == run.role && column.caption == CaptionOf(entry);
 }
@@ -30,8 +30,8 @@ std::span<const std::span<const Layout>> AllLayouts() {
   return kAll;
 }
 
-tav::Type TypeIn(const Run& run, const Entry& entry) {
-  return run.type == Run::kAsIs ? entry.type : run.type;
+tav::Type TypeIn(const ColumnRun& run, const Entry& entry) {
+  return run.type == ColumnRun::kAsIs ? entry.type : run.type;
 }
 
 const char* CaptionOf(const Entry& entry) {
@@ -39,7 +39,7 @@ const char* CaptionOf(const Entry& entry) {
 }
 
 FoundEntry FindEntry(const Layout& layout, const Column& column) {
-  for (const Run& run : layout.runs) {
+  for (const ColumnRun& run : layout.runs) {
     for (const Entry& entry : run.entries) {
       if (Describes(entry, run, column)) return {&entry, &run};
     }

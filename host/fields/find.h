@@ -11,7 +11,7 @@ namespace host {
 // Of each model.
 std::span<const std::span<const Layout>> AllLayouts();
 
-tav::Type TypeIn(const Run& run, const Entry& entry);
+tav::Type TypeIn(const ColumnRun& run, const Entry& entry);
 const char* CaptionOf(const Entry& entry);
 
 // The layout that describes a section; null when none does. Texts of models and sections are shared
@@ -21,7 +21,7 @@ const Layout* FindLayout(const Section& section);
 // A column in a layout, and the run that it stands in; both null when it is not there.
 struct FoundEntry {
   const Entry* entry = nullptr;
-  const Run* run = nullptr;
+  const ColumnRun* run = nullptr;
 };
 FoundEntry FindEntry(const Layout& layout, const Column& column);
 

@@ -101,7 +101,7 @@ struct Entry {
 };
 
 // Columns in a row, and what they are in this section.
-struct Run {
+struct ColumnRun {
   std::span<const Entry> entries;
   tav::Role role = tav::Role::kValue;
   Span span = Span::kNone;
@@ -148,7 +148,7 @@ inline constexpr Entry kRecordTime[] = {{"DT", tav::Type::kDateTime, "Дата:�
 struct Layout {
   Model model;
   Content content;
-  std::span<const Run> runs;
+  std::span<const ColumnRun> runs;
 };
 // One file each in host/fields/models.
 std::span<const Layout> Layouts521();

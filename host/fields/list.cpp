@@ -65,7 +65,7 @@ std::string NoteOf(const Entry& entry) {
   return note;
 }
 
-ListedColumn ListColumn(const Run& run, const Entry& entry) {
+ListedColumn ListColumn(const ColumnRun& run, const Entry& entry) {
   ListedColumn listed{.column = entry.column,
                       .caption = CaptionOf(entry),
                       .driverUnit = entry.unit == nullptr ? entry.column : entry.unit,
@@ -81,7 +81,7 @@ ListedColumn ListColumn(const Run& run, const Entry& entry) {
 
 ListedTable TableOf(const Layout& layout) {
   ListedTable table{NamesOf(layout.model).name, {}, {}};
-  for (const Run& run : layout.runs) {
+  for (const ColumnRun& run : layout.runs) {
     for (const Entry& entry : run.entries) table.columns.push_back(ListColumn(run, entry));
   }
   return table;

@@ -41,6 +41,8 @@ const char* EndingName(Ending ending) {
   switch (ending) {
     case Ending::kRead:
       return "read";
+    case Ending::kGaps:
+      return "gaps";
     case Ending::kInterrupted:
       return "interrupted";
     case Ending::kFailed:

@@ -7,10 +7,10 @@
 
 namespace host {
 
-// run has settings that the driver offers. interrupted is asked about ten times a second, from this
+// run has settings that the driver offers. askStop is asked about ten times a second, from this
 // thread. Throws std::runtime_error when the reading cannot begin, and what the listener throws at
 // its beginning and its end.
 RunEnd RunReading(const DriverLibrary& library, const Run& run, LinePort& line,
-                  RunListener& listener, bool (*interrupted)());
+                  RunListener& listener, const AskStop& askStop);
 
 }  // namespace host

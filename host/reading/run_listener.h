@@ -7,13 +7,21 @@
 //   AddPiece, BeginSection, AddRow, EndSection, Tell, ShowProgress, Keep   as they come
 //   EndRun                                                                 always, once
 //
+// A section may come again with rows that an earlier one lacks (what was asked for once more, or
+// the next values of continuous reading). No row of an archive comes twice, whatever the instrument
+// sends, and none that was not asked for.
+//
 // A sink that throws std::exception ends the run as failed: no pieces and rows follow, but the ends
 // of the section and of the run are told to all sinks.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "host/fields/unit_settings.h"
+#include "host/reading/account.h"
 #include "host/reading/messages.h"
 #include "host/reading/settings.h"
 #include "host/stream/decoder.h"
@@ -25,6 +33,9 @@ struct Run {
   std::optional<ReadSettings> settings;  // none: a stream that was kept is decoded
   std::string line;                      // address of the line, or name of the file
   SYSTEMTIME begun{};                    // this machine's local time
+  // What the instrument has told of its units up to the call that is made, database sections that
+  // were not asked for included; null: nothing is known. Valid until the end of the run.
+  const UnitSettings* units = nullptr;
 };
 
 struct Progress {
@@ -32,13 +43,35 @@ struct Progress {
   std::string step;  // what is being read: "hours ТВ1: 04.09.2016:13"; empty before the first
 };
 
-enum class Ending { kRead, kFailed, kInterrupted };
+enum class Ending {
+  kRead,  // all of it, but for what the instrument does not hold
+  kGaps,  // the accounts tell what is missing
+  kFailed,
+  kInterrupted
+};
+
+// The instrument's clock, and this machine's when it was read; both local, without a zone.
+struct ClockReading {
+  SYSTEMTIME instrument{};
+  SYSTEMTIME machine{};
+  long long difference = 0;  // seconds that the instrument's clock is ahead
+  bool beyond = false;       // more than the user finds right
+};
 
 struct RunEnd {
   Ending ending = Ending::kRead;
   std::string reason;  // one sentence when it was not read
-  StreamCounts counts;
+  StreamCounts counts{};
+  // In the order in which the instrument is read; empty in continuous reading and for a kept
+  // stream.
+  std::vector<SectionAccount> accounts{};
+  std::optional<ClockReading> clock{};  // none: it was not read, or is no date
 };
+
+// Whether a run is to end before its time: done, because all that was wanted is there, is no
+// failure.
+enum class StopRequest { kNone, kDone, kInterrupted };
+using AskStop = std::function<StopRequest()>;
 
 class RunListener : public SectionListener {
  public:

@@ -4,10 +4,12 @@
 namespace host {
 
 enum ExitCode : int {
-  kSuccess = 0,       // done
-  kFailed = 1,        // the reading, or a file, failed
-  kWrongUsage = 2,    // the command line makes no sense
-  kInterrupted = 130  // Ctrl-C
+  kSuccess = 0,        // done
+  kFailed = 1,         // the reading, or a file, failed
+  kWrongUsage = 2,     // the command line makes no sense
+  kReadWithGaps = 3,   // read, but for records that are missing
+  kInterrupted = 130,  // Ctrl-C
+  kTerminated = 143    // SIGTERM
 };
 
 }  // namespace host

@@ -35,17 +35,17 @@ constexpr Entry kCounters[] = {
 };
 constexpr auto kDatabase = Texts(kParameters521);
 
-constexpr Run kDatabaseRuns[] = {{kDatabase}};
-constexpr Run kCurrentRuns[] = {
+constexpr ColumnRun kDatabaseRuns[] = {{kDatabase}};
+constexpr ColumnRun kCurrentRuns[] = {
     {kState},        {kFlows},        {kMassFlows},        {kTemperatures},
     {kTemperature4}, {kTwoPressures}, {kFurtherPressures}, {kCodes},
 };
-constexpr Run kTotalsRuns[] = {
+constexpr ColumnRun kTotalsRuns[] = {
     {kAmounts, Role::kAccumulated, Span::kTotal},
     {kTimes, Role::kAccumulated, Span::kTotal},
     {kCounters, Role::kAccumulated, Span::kTotal},
 };
-constexpr Run kArchiveRuns[] = {
+constexpr ColumnRun kArchiveRuns[] = {
     {kRecordTime, Role::kKey},
     {kState},
     {kTemperatures},
@@ -58,7 +58,7 @@ constexpr Run kArchiveRuns[] = {
     {kCodes},
 };
 // Current values and totals as they stood at the end of a day. Its TC16 is always 0: intended.
-constexpr Run kControlRuns[] = {
+constexpr ColumnRun kControlRuns[] = {
     {kRecordTime, Role::kKey},
     {kState},
     {kFlows},

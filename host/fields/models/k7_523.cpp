@@ -43,16 +43,16 @@ constexpr Entry kTimes[] = {
 constexpr auto kCommonDatabase = Texts(kCommonParameters523);
 constexpr auto kSystemDatabase = Texts(kSystemParameters523);
 
-constexpr Run kCommonDatabaseRuns[] = {{kCommonDatabase}};
-constexpr Run kSystemDatabaseRuns[] = {{kSystemDatabase}};
-constexpr Run kCurrentRuns[] = {
+constexpr ColumnRun kCommonDatabaseRuns[] = {{kCommonDatabase}};
+constexpr ColumnRun kSystemDatabaseRuns[] = {{kSystemDatabase}};
+constexpr ColumnRun kCurrentRuns[] = {
     {kState}, {kFlows}, {kTwoPressures}, {kTemperatures}, {kAirTemperature}, {kCodes},
 };
-constexpr Run kTotalsRuns[] = {
+constexpr ColumnRun kTotalsRuns[] = {
     {kAmounts, Role::kAccumulated, Span::kTotal},
     {kTimes, Role::kAccumulated, Span::kTotal},
 };
-constexpr Run kArchiveRuns[] = {
+constexpr ColumnRun kArchiveRuns[] = {
     {kRecordTime, Role::kKey},
     {kState},
     {kTwoPressures},
@@ -63,7 +63,7 @@ constexpr Run kArchiveRuns[] = {
     {kCodes},
 };
 // The role of its amounts is that of totals: they stood so at the end of a day.
-constexpr Run kControlRuns[] = {
+constexpr ColumnRun kControlRuns[] = {
     {kRecordTime, Role::kKey},
     {kState},
     {kTwoPressures},

@@ -54,8 +54,8 @@ inline constexpr Entry kCodes[] = {
 inline constexpr Entry kChange[] = {{"ISM", Type::kChars, "код", "change", "Изменение"}};
 inline constexpr Entry kEvent[] = {{"ISM", Type::kChars, "код", "event", "Событие"}};
 
-inline constexpr Run kChangeLog[] = {{kRecordTime, Role::kKey}, {kChange}};
-inline constexpr Run kEventLog[] = {{kRecordTime, Role::kKey}, {kEvent}};
+inline constexpr ColumnRun kChangeLog[] = {{kRecordTime, Role::kKey}, {kChange}};
+inline constexpr ColumnRun kEventLog[] = {{kRecordTime, Role::kKey}, {kEvent}};
 
 // A parameter is the instrument's own text, whatever it holds, and no unit comes with it.
 struct Parameter {

@@ -35,9 +35,9 @@ constexpr Entry kMassFlows521[] = {
     {"G2", Type::kFloat, "т/ч", "gm2"},
 };
 
-constexpr Run kDatabaseRuns521[] = {{kDatabase521}};
+constexpr ColumnRun kDatabaseRuns521[] = {{kDatabase521}};
 // Counted since the meter began, like the totals of the other models.
-constexpr Run kCurrentRuns521[] = {
+constexpr ColumnRun kCurrentRuns521[] = {
     {kSituationByte},
     {kVolumes, Role::kValue, Span::kTotal},
     {kMassesUnderCubicMetres, Role::kValue, Span::kTotal},
@@ -46,7 +46,7 @@ constexpr Run kCurrentRuns521[] = {
     {kTwoTemperatures},
     {kMassFlows521},
 };
-constexpr Run kHourRuns521[] = {
+constexpr ColumnRun kHourRuns521[] = {
     {kRecordTime, Role::kKey},
     {kArchiveMode},
     {kTwoTemperatures},
@@ -55,7 +55,7 @@ constexpr Run kHourRuns521[] = {
     {kHeat521, Role::kValue, Span::kInterval},
     {kSituationByte},
 };
-constexpr Run kDayRuns521[] = {
+constexpr ColumnRun kDayRuns521[] = {
     {kRecordTime, Role::kKey},
     {kArchiveMode},
     {kTwoTemperatures},

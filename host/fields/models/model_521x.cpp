@@ -39,11 +39,11 @@ constexpr Entry kAfterConstants521x[] = {
 };
 constexpr Entry kArchiveHeat521x[] = {{"Q", Type::kFloat, "ГКал", "q", nullptr, kHeatAsSet}};
 
-constexpr Run kDatabaseRuns521x[] = {
+constexpr ColumnRun kDatabaseRuns521x[] = {
     {kBeforeChannels521x}, {kFlowChannels},       {kPipes521x},
     {kConstants},          {kAfterConstants521x}, {kPrinting},
 };
-constexpr Run kCurrentRuns521x[] = {
+constexpr ColumnRun kCurrentRuns521x[] = {
     {kCaptionedMode},
     {kSituation},
     {kFlows},
@@ -54,7 +54,7 @@ constexpr Run kCurrentRuns521x[] = {
     {kHeat, Role::kAccumulated, Span::kTotal},
     {kCaptionedWorkingTime, Role::kValue, Span::kTotal},  // another role than its like: intended
 };
-constexpr Run kArchiveRuns521x[] = {
+constexpr ColumnRun kArchiveRuns521x[] = {
     {kRecordTime, Role::kKey},
     {kSituation},
     {kArchiveMode},

@@ -25,12 +25,12 @@ constexpr Entry kColdWater522[] = {
     {"TC", Type::kFloat, "код", "ts"},
 };
 
-constexpr Run kDatabaseRuns522[] = {{kDatabase522}};
-constexpr Run kSystemRuns522[] = {
+constexpr ColumnRun kDatabaseRuns522[] = {{kDatabase522}};
+constexpr ColumnRun kSystemRuns522[] = {
     {kModeAndInput},    {kColdWater522}, {kSystemTemperatures},
     {kSystemPressures}, {kFlowChannels}, {kPrinting},
 };
-constexpr Run kCurrentRuns522[] = {
+constexpr ColumnRun kCurrentRuns522[] = {
     {kMode},
     {kSituation},
     {kFlows},
@@ -42,7 +42,7 @@ constexpr Run kCurrentRuns522[] = {
     {kHeat, Role::kAccumulated, Span::kTotal},
     {kWorkingTime, Role::kAccumulated, Span::kTotal},
 };
-constexpr Run kArchiveRuns522[] = {
+constexpr ColumnRun kArchiveRuns522[] = {
     {kRecordTime, Role::kKey},
     {kSituation},
     {kArchiveMode},

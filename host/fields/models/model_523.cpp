@@ -44,12 +44,12 @@ constexpr Entry kArchiveTemperatures523[] = {
 constexpr Entry kHotWater[] = {{"Qgvs", Type::kFloat, kHeats, "q_hot_water"}};
 constexpr Entry kCaptionedHotWater[] = {{"Qgvs", Type::kFloat, kHeats, "q_hot_water", "Qгвс"}};
 
-constexpr Run kDatabaseRuns523[] = {{kDatabase523}};
-constexpr Run kSystemRuns523[] = {
+constexpr ColumnRun kDatabaseRuns523[] = {{kDatabase523}};
+constexpr ColumnRun kSystemRuns523[] = {
     {kModeAndInput}, {kSystemTemperatures}, {kSystemPressures},
     {kFlowChannels}, {kConstants},          {kPrinting},
 };
-constexpr Run kCurrentRuns523[] = {
+constexpr ColumnRun kCurrentRuns523[] = {
     {kCaptionedMode},
     {kSituation},
     {kFlows},
@@ -63,7 +63,7 @@ constexpr Run kCurrentRuns523[] = {
     {kCaptionedWorkingTime, Role::kAccumulated, Span::kTotal},
     {kCaptionedHotWater, Role::kAccumulated, Span::kTotal},
 };
-constexpr Run kArchiveRuns523[] = {
+constexpr ColumnRun kArchiveRuns523[] = {
     {kRecordTime, Role::kKey},
     {kSituation},
     {kArchiveMode},

@@ -96,14 +96,14 @@ constexpr Entry kLines721[] = {
     {"Vp", Type::kFloat, "м3", "gas_vp", "Vп"},
 };
 
-constexpr Run kDatabaseRuns721[] = {{kDatabase721}};
-constexpr Run kCurrentRuns721[] = {
+constexpr ColumnRun kDatabaseRuns721[] = {{kDatabase721}};
+constexpr ColumnRun kCurrentRuns721[] = {
     {kSituation},
     {kCurrent721},
     {kTotals721, Role::kAccumulated, Span::kTotal},
     {kCaptionedWorkingTime, Role::kAccumulated, Span::kTotal},
 };
-constexpr Run kArchiveRuns721[] = {
+constexpr ColumnRun kArchiveRuns721[] = {
     {kRecordTime, Role::kKey},
     {kArchiveTime721, Role::kValue, Span::kInterval},
     {kSituation},

@@ -94,7 +94,7 @@ inline constexpr Entry kModeAndInput[] = {
 inline constexpr Entry kChange[] = {{"ISM", Type::kChars, "код", "change", "ИЗМ"}};
 inline constexpr Entry kFlag[] = {{"Flag", Type::kByte, "код", "flag", "Флаг"}};
 
-inline constexpr Run kChangeLog[] = {{kRecordTime, Role::kKey}, {kChange}};
-inline constexpr Run kSituationLog[] = {{kRecordTime, Role::kKey}, {kSituationByte}, {kFlag}};
+inline constexpr ColumnRun kChangeLog[] = {{kRecordTime, Role::kKey}, {kChange}};
+inline constexpr ColumnRun kSituationLog[] = {{kRecordTime, Role::kKey}, {kSituationByte}, {kFlag}};
 
 }  // namespace host::older

@@ -23,7 +23,7 @@ namespace {
 // The columns of a layout as the driver should tell them.
 std::vector<const host::Entry*> EntriesOf(const host::Layout& layout) {
   std::vector<const host::Entry*> entries;
-  for (const host::Run& run : layout.runs) {
+  for (const host::ColumnRun& run : layout.runs) {
     for (const host::Entry& entry : run.entries) entries.push_back(&entry);
   }
   return entries;

@@ -68,9 +68,10 @@ class Bench {
   }
 
   host::RunEnd Read(
-      host::RunListener& listener, bool (*interrupted)() = [] { return false; }) {
+      host::RunListener& listener,
+      const host::AskStop& askStop = [] { return host::StopRequest::kNone; }) {
     const host::RunEnd end =
-        host::RunReading(library_, {settings, "", {}}, *line_, listener, interrupted);
+        host::RunReading(library_, {settings, "", {}}, *line_, listener, askStop);
     CHECK(end.counts.ignored == 0);
     return end;
   }
@@ -122,13 +123,12 @@ TEST_CASE("a reading that cannot go on says why and keeps its rows") {
 }
 
 TEST_CASE("a continuous reading goes on until it is interrupted") {
-  static std::atomic<bool> interrupted;
-  interrupted = false;
+  std::atomic<host::StopRequest> stop = host::StopRequest::kNone;
   Bench bench;
   bench.settings.follow = true;
   bench.settings.groups = static_cast<char>(tav::ReadGroup::kCurrent);
-  Counts counts(3, [] { interrupted = true; });
-  const host::RunEnd end = bench.Read(counts, [] { return interrupted.load(); });
+  Counts counts(3, [&] { stop = host::StopRequest::kInterrupted; });
+  const host::RunEnd end = bench.Read(counts, [&] { return stop.load(); });
   CHECK(end.ending == host::Ending::kInterrupted);
   CHECK(counts.all >= 3);
 }
