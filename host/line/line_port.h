@@ -23,8 +23,9 @@ class LinePort : public HostPort {
   virtual bool Lost() const = 0;
   // What went wrong first, one sentence; empty while nothing did. Safe from any thread.
   virtual std::string Trouble() const = 0;
-  // What the last Control threw away: bytes that came too late for whoever waited for them, of a
-  // longer noise the first 4096. Valid until the next call; for the thread that makes the calls.
+  // What the last Control or Write threw away: bytes that came too late for whoever waited for
+  // them, of a longer noise the first 4096. Valid until the next call; for the thread that makes
+  // the calls.
   virtual std::string_view Dropped() const = 0;
 };
 

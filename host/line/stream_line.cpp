@@ -18,6 +18,10 @@ constexpr int kDropReceived = 3;
 constexpr milliseconds kDropLimit{100};
 constexpr std::size_t kDroppedKept = 4096;
 constexpr milliseconds kLostPause{20};
+// A reply is over when the line was silent for so long; adapters hand bytes on every 16 ms. A line
+// that never falls silent must not hold the driver.
+constexpr milliseconds kSilence{40};
+constexpr milliseconds kLateLimit{1000};
 
 }  // namespace
 
@@ -58,7 +62,10 @@ bool StreamLine::SetLine(int /*unknown1*/, int /*unknown0*/, int baud, int dataB
 
 bool StreamLine::Control(int code) {
   dropped_ = {};
-  if (code == kDropReceived || code == kOpened) DropReceived();
+  if (code == kDropReceived || code == kOpened) {
+    DropReceived();
+    cleared_ = true;
+  }
   return !Lost();
 }
 
@@ -66,10 +73,29 @@ bool StreamLine::Control(int code) {
 void StreamLine::DropReceived() {
   const auto latest = Clock::now() + kDropLimit;
   do {
-    const auto kept = std::min(received_.size(), kDroppedKept - dropped_.size());
-    dropped_.append(received_.data(), kept);
-    received_ = {};
+    KeepDropped();
   } while (!Lost() && Clock::now() < latest && Receive(Clock::now()));
+}
+
+void StreamLine::KeepDropped() {
+  const auto kept = std::min(received_.size(), kDroppedKept - dropped_.size());
+  dropped_.append(received_.data(), kept);
+  received_ = {};
+}
+
+// Some questions are asked again without a Control between. What is left of the reply before, as
+// the second page of the parameters of a 521, would be taken for the reply to come; it may still be
+// on its way.
+void StreamLine::DropLate(std::string_view question) {
+  const bool again = question == asked_;
+  asked_ = question;
+  if (std::exchange(cleared_, false)) return;
+  dropped_.clear();
+  const milliseconds silence = again ? kSilence : milliseconds(0);
+  const auto latest = Clock::now() + kLateLimit;
+  do {
+    KeepDropped();
+  } while (!Lost() && Clock::now() < latest && Receive(Clock::now() + silence));
 }
 
 bool StreamLine::Receive(Clock::time_point deadline) {
@@ -87,6 +113,7 @@ std::size_t StreamLine::Take(std::span<char> into) {
 }
 
 int StreamLine::Read(unsigned timeoutMs, unsigned count, void* destination) {
+  cleared_ = false;
   // A wait that takes nothing: the driver makes it after waking the instrument, pauses by itself
   // afterwards and drops what came in before its request, so there is nothing to wait for.
   if (count == 0) return 0;
@@ -105,8 +132,9 @@ int StreamLine::Read(unsigned timeoutMs, unsigned count, void* destination) {
 
 int StreamLine::Write(const void* data, unsigned length) {
   if (Lost()) return 0;
-  const milliseconds limit(writeConstant_ + std::uint64_t{writePerByte_} * length);
   const std::span bytes(static_cast<const char*>(data), length);
+  DropLate({bytes.data(), bytes.size()});
+  const milliseconds limit(writeConstant_ + std::uint64_t{writePerByte_} * length);
   const Transfer went = channel_->Send(bytes, Clock::now() + limit);
   if (!went.trouble.empty()) Lose(went.trouble);
   AddSent(went.count);

@@ -43,6 +43,8 @@ class StreamLine final : public LinePort {
   // Fills the buffer, which is empty; false when nothing came before the deadline.
   bool Receive(Clock::time_point deadline);
   void DropReceived();
+  void DropLate(std::string_view question);
+  void KeepDropped();
   void AddSent(std::size_t count);
   // Keeps the first trouble.
   void Note(const std::string& trouble);
@@ -58,6 +60,8 @@ class StreamLine final : public LinePort {
   std::array<char, 1024> buffer_{};
   std::span<const char> received_;
   std::string dropped_;
+  bool cleared_ = false;  // what was received before the last call is dropped
+  std::string asked_;     // what was written last
   std::atomic<bool> lost_ = false;
   mutable std::mutex mutex_;  // guards trouble_
   std::string trouble_;

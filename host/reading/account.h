@@ -25,9 +25,9 @@ struct SectionAccount {
   std::size_t notHeld = 0;  // the instrument has no such record
   std::size_t failed = 0;   // the rest: asked for without a good answer, or never asked for
   // Empty for what has no dates: current values, parameters, logs.
-  std::vector<DateRange> absent;   // of notHeld
-  std::vector<DateRange> missing;  // of failed
-  std::string reason;              // why the first one failed: "no reply"; may be empty
+  std::vector<DateRange> absent{};   // of notHeld
+  std::vector<DateRange> missing{};  // of failed
+  std::string reason{};              // why the first one failed: "no reply"; may be empty
 };
 
 }  // namespace host

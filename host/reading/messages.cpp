@@ -118,6 +118,11 @@ bool IsError(const Message& message) {
          std::find(kFailedReads.begin(), kFailedReads.end(), message.subject) != kFailedReads.end();
 }
 
+std::string ReasonOf(const Message& message) {
+  const std::string_view meaning = Meaning(message);
+  return meaning.empty() ? Describe(message) : std::string(meaning);
+}
+
 std::string Describe(const Message& message) {
   std::string text = message.subject + ": " + message.detail;
   const std::string_view meaning = Meaning(message);

@@ -28,6 +28,9 @@ std::optional<std::string> RecordDate(const Message& message);
 // Whether the message reports that something went wrong.
 bool IsError(const Message& message);
 
+// What an error was, in words where they are known: "no reply".
+std::string ReasonOf(const Message& message);
+
 // "PoitkaArh: 3 Error: 12 (no reply)".
 std::string Describe(const Message& message);
 

@@ -1,35 +1,114 @@
 #include "host/reading/reading.h"
 
+#include <algorithm>
+#include <cctype>
+
+#include "host/reading/assembler.h"
 #include "host/reading/driver_run.h"
 
 namespace host {
 namespace {
 
+// Makes one reading of several runs of the driver.
+class Reading {
+ public:
+  Reading(const DriverLibrary& library, const ReadSettings& asked, LinePort& line,
+          RunListener& listener, const AskStop& askStop)
+      : library_(library),
+        asked_(asked),
+        line_(line),
+        askStop_(askStop),
+        assembler_(listener, asked) {}
+
+  const UnitSettings& Units() const { return assembler_.Units(); }
+  RunEnd Run();
+
+ private:
+  DriverEnd RunOnce(const ReadSettings& settings);
+  bool FillGaps();
+  bool IsOver(const DriverEnd& run) const;
+  std::string FailureReason() const;
+  Ending EndingOf(const std::vector<SectionAccount>& accounts) const;
+
+  const DriverLibrary& library_;
+  const ReadSettings& asked_;
+  LinePort& line_;
+  const AskStop& askStop_;
+  Assembler assembler_;
+  std::size_t ignored_ = 0;
+  DriverEnd first_;      // the run that was to bring everything
+  std::string refusal_;  // of the listener
+};
+
+DriverEnd Reading::RunOnce(const ReadSettings& settings) {
+  assembler_.BeginDriverRun(settings);
+  DriverEnd end = RunDriver(library_, settings, line_, assembler_, askStop_);
+  assembler_.EndDriverRun();
+  ignored_ += end.counts.ignored;
+  if (refusal_.empty()) refusal_ = end.status.refusal;
+  return end;
+}
+
+bool Reading::IsOver(const DriverEnd& run) const {
+  return !run.begun || line_.Lost() || !refusal_.empty() || askStop_() != StopRequest::kNone;
+}
+
+// Asks for what is missing. An instrument that does not even tell its model any more is left alone.
+bool Reading::FillGaps() {
+  for (const ReadSettings& gap : assembler_.Records().Gaps()) {
+    const DriverEnd run = RunOnce(gap);
+    if (IsOver(run) || !run.status.identified) return false;
+  }
+  return true;
+}
+
 // The first of what went wrong: the file that could not be written, the line, the instrument.
-std::string FailureReason(const DriverEnd& driver, const LinePort& line) {
-  if (!driver.status.refusal.empty()) return driver.status.refusal;
-  if (!line.Trouble().empty()) return line.Trouble();
-  if (!driver.begun) return "the reading could not be started";
-  const std::string& error = driver.status.lastError;
+std::string Reading::FailureReason() const {
+  if (!refusal_.empty()) return refusal_;
+  if (!line_.Trouble().empty()) return line_.Trouble();
+  if (!first_.begun) return "the reading could not be started";
+  const std::string& error = first_.status.lastError;
   return error.empty() ? "the driver gave no reason" : error;
 }
 
-RunEnd EndOf(const DriverEnd& driver, const LinePort& line, StopRequest stop) {
-  const bool clean = driver.begun && !line.Lost() && driver.status.refusal.empty();
-  if (clean && stop == StopRequest::kDone) return {};
-  if (clean && stop == StopRequest::kInterrupted) return {Ending::kInterrupted, "interrupted"};
-  if (clean && driver.status.succeeded == true) return {};
-  return {Ending::kFailed, FailureReason(driver, line)};
+Ending Reading::EndingOf(const std::vector<SectionAccount>& accounts) const {
+  if (!first_.begun || line_.Lost() || !refusal_.empty()) return Ending::kFailed;
+  const bool gaps = std::any_of(accounts.begin(), accounts.end(),
+                                [](const SectionAccount& account) { return account.failed > 0; });
+  if (askStop_() == StopRequest::kInterrupted) return Ending::kInterrupted;
+  if (askStop_() == StopRequest::kDone) return Ending::kRead;
+  // A run that broke off has told why; what it left out may have come when it was asked for again.
+  if (first_.status.succeeded != true && (gaps || accounts.empty())) return Ending::kFailed;
+  return gaps ? Ending::kGaps : Ending::kRead;
+}
+
+RunEnd Reading::Run() {
+  first_ = RunOnce(DriverSettings(asked_));
+  const bool complete = asked_.follow || IsOver(first_) || !assembler_.Records().Identified();
+  for (int round = 0; !complete && round < asked_.retryGaps && FillGaps(); ++round) {
+  }
+  RunEnd end;
+  if (!asked_.follow) end.accounts = assembler_.Records().Accounts();
+  end.ending = EndingOf(end.accounts);
+  if (end.ending == Ending::kFailed) end.reason = FailureReason();
+  if (end.ending == Ending::kInterrupted) end.reason = "interrupted";
+  end.counts = assembler_.Counts();
+  end.counts.ignored = ignored_;
+  return end;
 }
 
 }  // namespace
 
 RunEnd RunReading(const DriverLibrary& library, const Run& run, LinePort& line,
                   RunListener& listener, const AskStop& askStop) {
-  listener.BeginRun(run);
-  const DriverEnd driver = RunDriver(library, *run.settings, line, listener, askStop);
-  RunEnd end = EndOf(driver, line, askStop());
-  end.counts = driver.counts;
+  ReadSettings asked = *run.settings;
+  // A small letter asks for the same, but for the hours of the older protocol, which it leaves out.
+  for (char& letter : asked.groups) letter = static_cast<char>(std::toupper(letter));
+  Reading reading(library, asked, line, listener, askStop);
+  Run told = run;
+  told.units = &reading.Units();
+  listener.BeginRun(told);
+  const RunEnd end = reading.Run();
   listener.EndRun(end);
   return end;
 }

@@ -24,6 +24,8 @@ bool Receiver::Message(const char* text1, const char* text2, unsigned code) {
     // Whatever fails below, the end of the reading must not be missed.
     Learn(message);
     if (!refused_) decoder_.Pause();
+    // A row of K7 parameters comes in a piece for each, from one question after the other.
+    if (message.subject == "error query") decoder_.BreakRow();
     listener_.Tell(message);
   });
 }
@@ -43,6 +45,7 @@ void Receiver::Learn(const host::Message& message) {
   } else if (IsError(message)) {
     status_.lastError = Describe(message);
   }
+  if (message.subject == "Tip") status_.identified = true;
   if (IsEndOfReading(message)) {
     status_.ended = true;
     ended_.notify_all();

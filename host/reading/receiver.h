@@ -21,6 +21,7 @@ struct ReceiverStatus {
   std::optional<bool> succeeded;  // as the driver reported it
   std::string refusal;            // why the listener takes no more; empty: it does
   std::string lastError;          // the last message that told of an error
+  bool identified = false;        // the instrument told its model
 };
 
 class Receiver final : public HostStream {

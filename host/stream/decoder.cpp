@@ -143,7 +143,7 @@ void Decoder::TakeAmongColumns(ByteView piece) {
 void Decoder::TakeAmongRows(ByteView piece) {
   if (TakeMarkerOrTitle(piece)) return;
   if (rowOpen_) {
-    row_.insert(row_.end(), piece.begin(), piece.end());
+    if (!rowBroken_) row_.insert(row_.end(), piece.begin(), piece.end());
   } else if (!piece.empty()) {
     ++counts_.ignored;
   }
@@ -153,6 +153,7 @@ void Decoder::StartRow() {
   BeginOnce();
   EndRow();
   rowOpen_ = true;
+  rowBroken_ = false;
   state_ = State::kRow;
 }
 

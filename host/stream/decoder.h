@@ -59,6 +59,9 @@ class Decoder {
   // Something else than a write call came in: a row that has all its bytes is complete. Without
   // this call it is complete when the next piece shows it.
   void Pause();
+  // Something that belongs to the open row was lost: the pieces up to its end can't be told apart
+  // any more and are left out, so that the row ends short.
+  void BreakRow() { rowBroken_ = rowOpen_; }
   // The stream has ended: what is complete enough to be told is told.
   void Finish();
   const StreamCounts& Counts() const { return counts_; }
@@ -87,6 +90,7 @@ class Decoder {
   std::size_t rowWidth_ = 0;
   bool begun_ = false;  // the listener knows the section
   bool rowOpen_ = false;
+  bool rowBroken_ = false;
   Bytes row_;
   Cells cells_;
   StreamCounts counts_;

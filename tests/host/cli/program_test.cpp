@@ -25,11 +25,11 @@ TEST_CASE("a reading's folder is the one that decoding its raw file gives") {
   const ScratchFolder scratch;
   const std::string raw = (scratch / "raw").string();
   CHECK(host::RunProgram({"read", "--simulate", "521", "--clock", "2016-03-02 12:10", "--groups",
-                          "M", "--out", (scratch / "read").string(), "--raw", raw, "-v"}) ==
+                          "BM", "--out", (scratch / "read").string(), "--raw", raw, "-v"}) ==
         host::kSuccess);
   CHECK(host::RunProgram({"decode", raw, "--out", (scratch / "decoded").string()}) ==
         host::kSuccess);
-  for (const char* name : {"index.csv", "01-months-ov.csv"}) {
+  for (const char* name : {"index.csv", "02-months-ov.csv"}) {
     CHECK(!scratch.Load(std::string("read/") + name).empty());
     CHECK(scratch.Load(std::string("read/") + name) ==
           scratch.Load(std::string("decoded/") + name));

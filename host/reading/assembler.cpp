@@ -1,0 +1,56 @@
+#include "host/reading/assembler.h"
+
+#include <utility>
+
+namespace host {
+
+Assembler::Assembler(RunListener& sinks, const ReadSettings& asked)
+    : WrappedListener(sinks), asked_(asked), ledger_(asked), labels_(asked.kind) {}
+
+void Assembler::BeginDriverRun(const ReadSettings& settings) {
+  repeated_ = std::exchange(anyRun_, true);
+  ledger_.Begin(settings);
+}
+
+// Parameters that were not asked for are read for their units.
+bool Assembler::IsWanted(const Section& section) const {
+  return section.title.kind != tav::TitleKind::kDatabase ||
+         asked_.groups.find(static_cast<char>(tav::ReadGroup::kDatabase)) != std::string::npos;
+}
+
+// A section that was asked for again is told when it brings a row.
+void Assembler::BeginSection(const Section& section) {
+  units_.See(section);
+  section_ = section;
+  labels_.Correct(section_.title);
+  begun_ = false;
+  if (!repeated_ && IsWanted(section_)) BeginOnce();
+}
+
+void Assembler::BeginOnce() {
+  if (std::exchange(begun_, true)) return;
+  ++counts_.sections;
+  Wrapped().BeginSection(section_);
+}
+
+void Assembler::AddRow(const Section& section, const Cells& cells) {
+  units_.See(section, cells);
+  if (!IsWanted(section_)) return;
+  cells_ = cells;
+  if (!asked_.follow && !ledger_.Take(section_, cells_)) return;
+  BeginOnce();
+  ++counts_.rows;
+  Wrapped().AddRow(section_, cells_);
+}
+
+void Assembler::EndSection(const Section&) {
+  if (std::exchange(begun_, false)) Wrapped().EndSection(section_);
+}
+
+void Assembler::Tell(const Message& message) {
+  ledger_.Tell(message);
+  labels_.Tell(message);
+  Wrapped().Tell(message);
+}
+
+}  // namespace host

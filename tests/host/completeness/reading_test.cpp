@@ -1,0 +1,103 @@
+// What a reading makes of several runs of the driver.
+#include <doctest/doctest.h>
+
+#include <algorithm>
+
+#include "tests/host/completeness/simulated_reading.h"
+
+using namespace completeness;
+
+namespace {
+
+// "DОВ 2/1/3": received, not held and failed.
+std::string AccountsOf(const Outcome& outcome) {
+  std::string text;
+  for (const host::SectionAccount& account : outcome.end.accounts) {
+    text += Rows::NameOf(account.kind, account.section) + ' ' + std::to_string(account.received) +
+            '/' + std::to_string(account.notHeld) + '/' + std::to_string(account.failed) + ' ';
+  }
+  return text;
+}
+
+std::ptrdiff_t Told(const Outcome& outcome, const std::string& message) {
+  const auto& all = outcome.rows.messages;
+  return std::count_if(all.begin(), all.end(),
+                       [&](const std::string& told) { return told.starts_with(message); });
+}
+
+}  // namespace
+
+TEST_CASE("a day that ends a period is read whole, and what lies behind it is not") {
+  for (const simulator::Choice& model : simulator::Models()) {
+    INFO(std::string(model.name));
+    simulator::Settings settings = Instrument(model.name);
+    settings.clock = simulator::ClockTime{2016, 10, 2, 1, 0, 0};
+    host::ReadSettings asked = Asked(model.name, 1, 1);
+    asked.groups = "shm";
+    const Outcome outcome = Read(asked, settings);
+    INFO(AccountsOf(outcome));
+    CHECK(outcome.end.ending == host::Ending::kRead);
+    for (const auto& [section, rows] : outcome.rows.all) {
+      INFO(section);
+      CHECK(section[0] != 'B');
+      REQUIRE(!rows.empty());
+      const bool month = section[0] == 'M';
+      CHECK(rows.size() == (section[0] == 'H' ? 28 : month ? 1 : 2));
+      CHECK(rows.back().starts_with(month ? "2016-09" : "2016-09-04"));
+    }
+  }
+}
+
+TEST_CASE("what is missing is asked for again, and only that") {
+  for (const char* model : {"521", "523", "k7-523"}) {
+    INFO(std::string(model));
+    host::ReadSettings asked = Asked(model, 1, 1);
+    asked.to = {2016, 9, 0, 4, 12, 0, 0, 0};
+    asked.groups = "H";
+    const bool k7 = asked.kind == tav::Mode::kK7;
+    // A K7 archive ends with the first lost reply: one for each heat system.
+    const auto settings = Instrument(model, {{"frozen", 10, k7 ? 2 : 3}});
+    const Outcome outcome = Read(asked, settings);
+    INFO(AccountsOf(outcome));
+    CHECK(outcome.end.ending == host::Ending::kRead);
+    CHECK(Told(outcome, "Opros End") == 2);
+    for (const auto& [section, rows] : outcome.rows.all) CHECK(rows.size() == 17);
+    const Outcome once = [&] {
+      asked.retryGaps = 0;
+      return Read(asked, settings);
+    }();
+    CHECK(once.end.ending == host::Ending::kGaps);
+    CHECK(Told(once, "Opros End") == 1);
+    // Each heat system's hours once, and those that were missing in one of them in both.
+    if (k7) CHECK(Told(outcome, "read...") == 8 + 1 + 2 * 17);
+  }
+}
+
+TEST_CASE("continuous reading names the part that a row belongs to") {
+  for (const char* model : {"521", "522", "523", "721"}) {
+    for (const int idle : {0, 1}) {
+      if (idle > 0 && model[0] == '5' && model[2] == '1') continue;  // it has one system only
+      INFO(std::string(model), " idle ", idle);
+      simulator::Settings settings = Instrument(model);
+      settings.special.idleSystem = idle;
+      host::ReadSettings asked = Asked(model, 1, 0);
+      asked.groups = "TSH";
+      asked.follow = true;
+      // The hours of the reading end before the clock, so that the cycles bring more of them.
+      asked.to = {2016, 9, 0, 4, 10, 0, 0, 0};
+      Rows rows;
+      SimulatedPort line(settings);
+      host::RunReading(host::DriverLibrary(""), {asked, "", {}}, line, rows, [] {
+        static int asks = 0;
+        return ++asks % 4 == 0 ? host::StopRequest::kDone : host::StopRequest::kNone;
+      });
+      for (const auto& [section, texts] : rows.all) {
+        INFO(section);
+        const std::string part = section.substr(1);
+        const bool two = model != std::string("521") && model != std::string("721");
+        CHECK((two ? part == "ТВ1" || part == "ТВ2" : part == "ОВ"));
+        if (idle > 0 && two) CHECK(part == "ТВ2");
+      }
+    }
+  }
+}
