@@ -3,6 +3,8 @@
 #include <doctest/doctest.h>
 
 #include "host/cli/dates.h"
+#include "host/cli/durations.h"
+#include "host/reading/settings.h"
 #include "host/system/exit_codes.h"
 
 using host::Command;
@@ -131,5 +133,17 @@ TEST_CASE("dates") {
     CAPTURE(item.text);
     const auto date = host::ParseDate(item.text, item.bound);
     CHECK((date ? TextOf(*date) : "none") == (item.date == nullptr ? "none" : item.date));
+  }
+}
+
+TEST_CASE("durations") {
+  for (const auto& [text, seconds] :
+       {std::pair("90", 90), std::pair("90s", 90), std::pair("2m", 120), std::pair("1h", 3600),
+        std::pair("1000d", 86400000)}) {
+    CHECK(host::RequireDuration("--duration", text).count() == seconds);
+  }
+  for (const char* text : {"", "0", "-1", "1.5h", "m", "2 m", "2mm", "1001d", "5000000000"}) {
+    CAPTURE(text);
+    CHECK_THROWS_AS(host::RequireDuration("--duration", text), host::UsageError);
   }
 }
