@@ -3,10 +3,11 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <sstream>
 
+#include "host/cli/checks.h"
 #include "host/cli/sink_options.h"
+#include "host/cli/wrong_usage.h"
 #include "host/system/exit_codes.h"
 
 namespace host {
@@ -31,9 +32,11 @@ void AddSimulate(CLI::App& app, SimulateOptions& simulate) {
   line->add_option("--pty", simulate.pty, "a pseudo terminal with this link to it")
       ->option_text("LINK");
   CLI::Option* tcp = line->add_option("--tcp", simulate.port, "a TCP port; 0 takes a free one")
+                         ->check(WholeNumber(0, 65535))
                          ->option_text("PORT");
   line->require_option(1);
-  app.add_option("--number", simulate.settings.number, "network number")->check(CLI::Range(0, 255));
+  app.add_option("--number", simulate.settings.number, "network number")
+      ->check(WholeNumber(0, 255));
   app.footer(
       "Examples:\n"
       "  irvela simulate 521 --pty meter --line-speed 2400\n"
@@ -48,10 +51,19 @@ void AddModels(CLI::App& app, ModelsOptions& models) {
   app.add_option_function<std::string>(
          "--format", [&models](const std::string& name) { models.json = name == "json"; },
          "of the fields: table or json")
-      ->check(CLI::IsMember({"table", "json"}))
+      ->transform(OneOf({"table", "json"}))
       ->option_text("NAME")
       ->default_str("table")
       ->needs(fields);
+}
+
+// "--all=no" would else be taken in some way.
+void RefuseFlagValues(CLI::App& app) {
+  for (CLI::Option* option : app.get_options()) {
+    if (option->get_expected_max() == 0) option->disable_flag_override();
+  }
+  for (CLI::App* part : app.get_subcommands([](CLI::App*) { return true; }))
+    RefuseFlagValues(*part);
 }
 
 class Parser {
@@ -60,24 +72,23 @@ class Parser {
     app_.name("irvela");
     app_.set_version_flag("--version", std::string("irvela ") + IRVELA_VERSION);
     app_.require_subcommand(1);
-    app_.failure_message([](const CLI::App*, const CLI::Error& error) {
-      return fmt::format("irvela: {} (--help tells more)\n", error.what());
-    });
     app_.footer("Start with: irvela read --simulate 521");
     readParser_.AddTo(*read_);
     AddDecode(*decode_, line_.decode);
     AddSimulate(*simulate_, line_.simulate);
     simulated_.AddTo(*simulate_);
     AddModels(*models_, line_.models);
+    RefuseFlagValues(app_);
   }
 
-  CommandLine Parse(std::vector<std::string> arguments) {
-    std::reverse(arguments.begin(), arguments.end());  // as the library wants them
+  CommandLine Parse(const std::vector<std::string>& arguments) {
     try {
-      app_.parse(std::move(arguments));
+      RefuseEmptyTexts(arguments);
+      // The library wants them from the last one on.
+      app_.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
       Finish();
     } catch (const CLI::ParseError& error) {
-      Leave(error);
+      Leave(error, arguments);
     } catch (const UsageError& error) {
       Refuse(error.what());
     } catch (const std::invalid_argument& error) {
@@ -102,10 +113,12 @@ class Parser {
   }
 
   // Help and version come as errors of code 0.
-  void Leave(const CLI::ParseError& error) {
+  void Leave(const CLI::ParseError& error, const std::vector<std::string>& arguments) {
+    if (error.get_exit_code() != 0) return Refuse(UsageSentence(app_, error, arguments));
     std::ostringstream text;
+    app_.exit(error, text, text);
     line_.command = Command::kNone;
-    line_.exitCode = app_.exit(error, text, text) == 0 ? kSuccess : kWrongUsage;
+    line_.exitCode = kSuccess;
     line_.message = text.str();
   }
 

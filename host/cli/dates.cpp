@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <chrono>
+#include <optional>
 #include <string_view>
 #include <tuple>
 
@@ -13,6 +14,9 @@ namespace host {
 namespace {
 
 using std::chrono::year_month_day;
+
+constexpr int kFirstYear = 2000;
+constexpr int kLastYear = 2099;
 
 // Takes fixed pieces from the front of a text and remembers the first that is missing.
 class Scanner {
@@ -57,9 +61,8 @@ auto Fields(const SYSTEMTIME& time) {
   return std::tie(time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond);
 }
 
-}  // namespace
-
-std::optional<SYSTEMTIME> ParseDate(const std::string& text, Bound bound) {
+// The numbers of a text of the right form, whatever they are.
+std::optional<SYSTEMTIME> Scan(const std::string& text, Bound bound) {
   Scanner scanner(text);
   SYSTEMTIME time{};
   time.wYear = scanner.Digits(4);
@@ -75,16 +78,36 @@ std::optional<SYSTEMTIME> ParseDate(const std::string& text, Bound bound) {
     if (scanner.Skip(":")) time.wMinute = scanner.Digits(2);
     if (scanner.Skip(":")) time.wSecond = scanner.Digits(2);
   }
-  const bool plausible = time.wYear > 0 && DayOf(time).ok() && time.wHour < 24 &&
-                         time.wMinute < 60 && time.wSecond < 60;
-  if (!scanner.Ok() || !scanner.AtEnd() || !plausible) return std::nullopt;
+  if (!scanner.Ok() || !scanner.AtEnd()) return std::nullopt;
   return time;
 }
 
+constexpr const char* kForm = "a date looks like 2016-09-04 or \"2016-09-04 13:00\"";
+
+// Why there is no such moment, or none that an instrument can be asked for; empty when there is.
+std::string Objection(const SYSTEMTIME& time) {
+  // Both protocols count years in one byte, so that a year of another century would be asked for
+  // as one of this.
+  if (time.wYear < kFirstYear || time.wYear > kLastYear) {
+    return fmt::format("the instruments have the years {} to {}", kFirstYear, kLastYear);
+  }
+  if (!DayOf(time).month().ok()) return fmt::format("there is no month {}", time.wMonth);
+  if (!DayOf(time).ok()) {
+    return fmt::format("{}-{:02} has no day {}", time.wYear, time.wMonth, time.wDay);
+  }
+  if (time.wHour > 23 || time.wMinute > 59 || time.wSecond > 59) {
+    return "the day ends with 23:59:59";
+  }
+  return {};
+}
+
+}  // namespace
+
 SYSTEMTIME RequireDate(const char* option, const std::string& text, Bound bound) {
-  if (const auto date = ParseDate(text, bound)) return *date;
-  throw UsageError(
-      fmt::format("{} {}: a date looks like 2016-09-04 or \"2016-09-04 13:00\"", option, text));
+  const auto date = Scan(text, bound);
+  const std::string objection = date ? Objection(*date) : kForm;
+  if (!objection.empty()) throw UsageError(fmt::format("{} {}: {}", option, text, objection));
+  return *date;
 }
 
 SYSTEMTIME DaysBefore(const SYSTEMTIME& time, int days) {

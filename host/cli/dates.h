@@ -1,7 +1,6 @@
 // Dates on the command line.
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "TKSplDrv/types.h"
@@ -10,11 +9,9 @@ namespace host {
 
 enum class Bound { kFrom, kTo };
 
-// "2016-09-04", "2016-09-04 13", "2016-09-04 13:00", "2016-09-04T13:00:00". A day alone means its
-// first second for kFrom and its last one for kTo. Nothing when it is no date.
-std::optional<SYSTEMTIME> ParseDate(const std::string& text, Bound bound);
-
-// The same; throws UsageError that names the option when it is no date.
+// "2016-09-04", "2016-09-04 13", "2016-09-04 13:00", "2016-09-04T13:00:00", from 2000 to 2099. A
+// day alone means its first second for kFrom and its last one for kTo. Throws UsageError that names
+// the option when it is no such date.
 SYSTEMTIME RequireDate(const char* option, const std::string& text, Bound bound);
 
 // 0:00 of the day that lies so many days before.

@@ -5,6 +5,7 @@
 
 #include "host/cli/commands.h"
 #include "host/system/exit_codes.h"
+#include "host/system/files.h"
 
 namespace host {
 namespace {
@@ -22,7 +23,11 @@ int RunCommand(const CommandLine& line) {
     case Command::kNone:
       break;
   }
-  fmt::print(line.exitCode == kSuccess ? stdout : stderr, "{}", line.message);
+  if (line.exitCode == kSuccess) {
+    WriteStandardOutput(line.message);
+  } else {
+    fmt::print(stderr, "{}", line.message);
+  }
   return line.exitCode;
 }
 

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "host/cli/checks.h"
 #include "host/cli/dates.h"
 #include "host/cli/sink_options.h"
 #include "host/line/open_line.h"
@@ -37,10 +38,10 @@ void ReadParser::AddLine(CLI::App& app) {
 void ReadParser::AddReading(CLI::App& app) {
   ReadSettings& settings = read_.settings;
   app.add_option("--number", settings.number, "network number of the instrument")
-      ->check(CLI::Range(0, 255));
+      ->check(WholeNumber(0, 255));
   app.add_option("--kind", kind_, "protocol: older (52x, 72x) or k7")
-      ->check(CLI::IsMember({"older", "k7"}));
-  app.add_option("--baud", baud_, "line speed in bit/s")->check(CLI::PositiveNumber);
+      ->transform(OneOf({"older", "k7"}));
+  app.add_option("--baud", baud_, "line speed in bit/s")->check(WholeNumber(1, 10000000));
   app.add_option("--groups", settings.groups, "what to read: " + GroupNames())
       ->option_text("LETTERS")
       ->default_str(settings.groups);
@@ -49,13 +50,13 @@ void ReadParser::AddReading(CLI::App& app) {
   app.add_option("--to", to_, "last moment of the archives, else now; a day means all of it")
       ->option_text("DATE");
   app.add_option("--attempts", settings.attempts, "attempts at each request")
-      ->check(CLI::Range(1, 1000))
+      ->check(WholeNumber(1, 1000))
       ->default_str(std::to_string(settings.attempts));
   app.add_flag("--double-read", settings.doubleRead, "read each archive record twice and compare");
   app.add_flag("--validity", settings.validity,
                "the driver's validity test, under which it takes no archive record");
   app.add_option("--pause", settings.pause, "milliseconds after a failed attempt")
-      ->check(CLI::Range(0, 600000));
+      ->check(WholeNumber(0, 600000));
   app.add_flag("--follow", settings.follow, "go on with new values until Ctrl-C (older kind)");
 }
 

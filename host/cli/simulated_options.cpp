@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "host/cli/checks.h"
 #include "host/cli/dates.h"
 #include "host/reading/settings.h"
 
@@ -46,10 +47,11 @@ simulator::Fault FaultOf(const std::string& text, const std::string& model) {
 }  // namespace
 
 void SimulatedOptions::AddTo(CLI::App& app) {
-  app.add_option("--seed", settings_.seed, "the simulated values; the same seed gives the same");
+  app.add_option("--seed", settings_.seed, "the simulated values; the same seed gives the same")
+      ->check(WholeNumber(0, 4294967295));
   app.add_option("--line-speed", settings_.lineSpeed,
                  "bit/s at which the simulated line paces its bytes; 0: at once")
-      ->check(CLI::Range(0, 10000000));
+      ->check(WholeNumber(0, 10000000));
   app.add_option("--units", units_,
                  "units of the simulated instrument, 0, 1 or 2 (see irvela models)")
       ->option_text("CODE");

@@ -4,6 +4,8 @@
 #include <map>
 #include <string>
 
+#include "host/cli/checks.h"
+
 namespace host {
 namespace {
 
@@ -13,12 +15,14 @@ const std::map<std::string, Format> kFormats = {
 }  // namespace
 
 void AddSinkOptions(CLI::App& app, SinkOptions& sinks) {
-  app.add_option("--format", sinks.format, "table, json or csv")
-      ->transform(CLI::CheckedTransformer(kFormats, CLI::ignore_case))
+  app.add_option_function<std::string>(
+         "--format", [&sinks](const std::string& name) { sinks.format = kFormats.at(name); },
+         "table, json or csv")
+      ->transform(OneOf({"table", "json", "csv"}))
       ->option_text("NAME")
       ->default_str("table");
   CLI::Option* rows = app.add_option("--rows", sinks.rows, "rows of a section in a table")
-                          ->check(CLI::Range(2, 1000000))
+                          ->check(WholeNumber(2, 1000000))
                           ->option_text("N");
   app.add_flag_callback(
          "--all", [&sinks] { sinks.rows = 0; }, "all rows of a section")

@@ -49,7 +49,7 @@ TcpAddress ParseTcpAddress(const std::string& text) {
     address.gateway = address.gateway.substr(1, address.gateway.size() - 2);
   }
   if (address.gateway.empty() || !IsPortNumber(address.port)) {
-    throw std::invalid_argument(fmt::format("{} is no HOST:PORT", text));
+    throw std::invalid_argument(fmt::format("{} is no HOST:PORT, such as gateway:4001", text));
   }
   return address;
 }

@@ -56,11 +56,14 @@ void CheckNumber(TavDrvV1& driver, int kind, int number) {
   throw UsageError(fmt::format("--number {}: the largest is {}", number, limit));
 }
 
+// The driver takes small letters for most of the groups; here there is one letter for each.
 void CheckGroups(TavDrvV1& driver, int kind, const std::string& groups) {
-  for (const char letter : groups) {
-    if (driver.CanReadGroup(kind, letter) != 0) continue;
-    throw UsageError(fmt::format("--groups {}: there is no group {}", groups, letter));
+  std::string offered;
+  for (const char letter : AllReadGroups()) {
+    if (driver.CanReadGroup(kind, letter) != 0) offered += letter;
   }
+  if (groups.find_first_not_of(offered) == std::string::npos) return;
+  throw UsageError(fmt::format("--groups {}: the letters are {}", groups, offered));
 }
 
 void SetParameter(TavDrvV1& driver, tav::Parameter parameter, int value) {

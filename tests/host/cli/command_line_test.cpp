@@ -59,6 +59,41 @@ TEST_CASE("wrong usage is told in one line") {
   }
 }
 
+TEST_CASE("what the option library finds is told in sentences") {
+  struct Case {
+    Words words;
+    const char* sentence;
+  };
+  const Case cases[] = {
+      {{}, "give a command, one of read, decode, simulate, models (irvela --help tells more)"},
+      {{"--all"}, "there is no option --all (irvela --help tells more)"},
+      {{"read", "--number", "1"},
+       "give exactly one of --port, --tcp, --simulate (irvela read --help tells more)"},
+      {{"read", "--port"}, "--port needs a value (irvela read --help tells more)"},
+      {{"read", "--port", "a", "--format", "xml"},
+       "--format: xml is none of table, json, csv (irvela read --help tells more)"},
+      {{"read", "--port", "a", "--number", "x"},
+       "--number: x is not a whole number from 0 to 255 (irvela read --help tells more)"},
+      {{"read", "--port", "a", "--number", "1", "--number", "2"},
+       "--number is given more than once (irvela read --help tells more)"},
+      {{"read", "--port", "a", "--all=no"},
+       "the option all takes no value (irvela read --help tells more)"},
+      {{"decode"}, "the file is missing (irvela decode --help tells more)"},
+      {{"decode", "a", "b"}, "b is a word too many (irvela decode --help tells more)"},
+      {{"models", "--format", "json"},
+       "--format goes with --fields only (irvela models --help tells more)"},
+      {{"read", "--port", "a", "--out", ""}, "--out: an empty text; give a value, or leave it out"},
+      {{"read", "--out=", "--port", "a"}, "--out: an empty text; give a value, or leave it out"},
+      {{"decode", ""}, "command line: an empty text; give a value, or leave it out"},
+  };
+  for (const Case& item : cases) {
+    CHECK(host::ParseCommandLine(item.words).message ==
+          std::string("irvela: ") + item.sentence + '\n');
+  }
+  CHECK(host::ParseCommandLine({"decode", "a", "--format", "JSON"}).decode.sinks.format ==
+        host::Format::kJson);
+}
+
 TEST_CASE("help and version are no errors") {
   for (const Words& words : {Words{"--help"}, {"read", "--help"}, {"--version"}}) {
     const CommandLine line = host::ParseCommandLine(words);
@@ -113,26 +148,37 @@ TEST_CASE("dates") {
   struct Case {
     const char* text;
     host::Bound bound;
-    const char* date;  // null: refused
+    const char* result;  // the date, or what the refusal says
   };
+  constexpr const char* kForm = "a date looks like 2016-09-04 or \"2016-09-04 13:00\"";
   const Case cases[] = {
       {"2016-09-04", host::Bound::kFrom, "2016-9-4 0:0:0"},
-      {"2016-09-04", host::Bound::kTo, "2016-9-4 23:59:59"},
+      {"2099-12-31", host::Bound::kTo, "2099-12-31 23:59:59"},
       {"2016-02-29T13:05:09", host::Bound::kTo, "2016-2-29 13:5:9"},
-      {"2015-02-29", host::Bound::kFrom, nullptr},
-      {"201609-04", host::Bound::kFrom, nullptr},
-      {"2016-0904", host::Bound::kFrom, nullptr},
-      {"2016-09-0413", host::Bound::kFrom, nullptr},
-      {"2016-09-04 24:00", host::Bound::kFrom, nullptr},
-      {"2016-09-04 13:00:00:00", host::Bound::kFrom, nullptr},
-      {"2016-09-0x", host::Bound::kFrom, nullptr},
-      {"0000-01-01", host::Bound::kFrom, nullptr},
-      {"", host::Bound::kFrom, nullptr},
+      {"2015-02-29", host::Bound::kFrom, "2015-02 has no day 29"},
+      {"2016-02-31 13:00", host::Bound::kFrom, "2016-02 has no day 31"},
+      {"2016-13-01", host::Bound::kFrom, "there is no month 13"},
+      {"1899-01-01", host::Bound::kFrom, "the instruments have the years 2000 to 2099"},
+      {"2100-01-01", host::Bound::kFrom, "the instruments have the years 2000 to 2099"},
+      {"2016-09-04 24:00", host::Bound::kFrom, "the day ends with 23:59:59"},
+      {"201609-04", host::Bound::kFrom, kForm},
+      {"2016-0904", host::Bound::kFrom, kForm},
+      {"2016-09-0413", host::Bound::kFrom, kForm},
+      {"2016-09-04 13:00:00:00", host::Bound::kFrom, kForm},
+      {"2016-09-0x", host::Bound::kFrom, kForm},
+      {"", host::Bound::kFrom, kForm},
+  };
+  const auto result = [](const Case& item) {
+    try {
+      return TextOf(host::RequireDate("--from", item.text, item.bound));
+    } catch (const host::UsageError& error) {
+      return std::string(error.what())
+          .substr(std::string("--from : ").size() + std::string(item.text).size());
+    }
   };
   for (const Case& item : cases) {
     CAPTURE(item.text);
-    const auto date = host::ParseDate(item.text, item.bound);
-    CHECK((date ? TextOf(*date) : "none") == (item.date == nullptr ? "none" : item.date));
+    CHECK(result(item) == item.result);
   }
 }
 
