@@ -104,6 +104,7 @@ class Parser {
       readParser_.Finish();
     } else if (decode_->parsed()) {
       line_.command = Command::kDecode;
+      if (line_.decode.file == "-") throw UsageError("decode -: it reads a file, not a pipe");
     } else if (simulate_->parsed()) {
       line_.command = Command::kSimulate;
       simulated_.Finish("simulate", line_.simulate.settings.model);

@@ -10,7 +10,7 @@
 namespace host {
 
 int Decode(const DecodeOptions& options) {
-  const RawFile raw = LoadRawFile(PathOf(options.file));
+  RawFileReader raw(PathOf(options.file));
   Screen screen;
   const auto sinks = MakeSinks(options.sinks, screen);
   const RunEnd end = RunKeptStream(raw, options.file, *sinks);

@@ -5,16 +5,26 @@
 
 namespace host {
 
-RunEnd RunKeptStream(const RawFile& raw, const std::string& name, RunListener& listener) {
+namespace {
+
+std::string TroubleOf(const std::string& refusal, const KeptPieces& pieces,
+                      const StreamCounts& counts, const std::string& name) {
+  if (!refusal.empty()) return refusal;
+  if (!pieces.Trouble().empty() || counts.sections > 0) return pieces.Trouble();
+  return name + " holds no section of an instrument";
+}
+
+}  // namespace
+
+RunEnd RunKeptStream(KeptPieces& pieces, const std::string& name, RunListener& listener) {
   listener.BeginRun({std::nullopt, name, LocalNow()});
   Receiver receiver(listener);
-  for (const Bytes& piece : raw.pieces) {
+  for (Bytes piece; !receiver.Refused() && pieces.Next(piece);) {
     receiver.Write(piece.data(), static_cast<unsigned>(piece.size()));
   }
   RunEnd end;
   end.counts = receiver.Finish();
-  const std::string refusal = receiver.Status().refusal;
-  end.reason = refusal.empty() ? raw.trouble : refusal;
+  end.reason = TroubleOf(receiver.Status().refusal, pieces, end.counts, name);
   if (!end.reason.empty()) end.ending = Ending::kFailed;
   listener.EndRun(end);
   return end;

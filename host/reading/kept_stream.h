@@ -8,7 +8,8 @@
 
 namespace host {
 
-// name: of the file, for people. Throws what the listener throws at its beginning and its end.
-RunEnd RunKeptStream(const RawFile& raw, const std::string& name, RunListener& listener);
+// name: of the file, for people. A stream without a section has failed. Throws what the listener
+// throws at its beginning and its end.
+RunEnd RunKeptStream(KeptPieces& pieces, const std::string& name, RunListener& listener);
 
 }  // namespace host

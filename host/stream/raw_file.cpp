@@ -3,9 +3,6 @@
 #include <fmt/format.h>
 
 #include <array>
-#include <cstring>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <string_view>
 
@@ -17,15 +14,38 @@ namespace {
 constexpr std::string_view kSignature = "IRVRAW1\n";
 constexpr std::size_t kLengthSize = 4;
 
-std::size_t LengthAt(ByteView bytes) {
-  return bytes[0] | static_cast<std::size_t>(bytes[1]) << 8U |
-         static_cast<std::size_t>(bytes[2]) << 16U | static_cast<std::size_t>(bytes[3]) << 24U;
+using Prefix = std::array<char, kLengthSize>;
+
+Prefix PrefixOf(std::size_t length) {
+  return {static_cast<char>(length), static_cast<char>(length >> 8U),
+          static_cast<char>(length >> 16U), static_cast<char>(length >> 24U)};
 }
 
-Bytes LoadWhole(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file || std::filesystem::is_directory(path)) throw FileError("read", path);
-  return {std::istreambuf_iterator<char>(file), {}};
+std::size_t LengthIn(const Prefix& prefix) {
+  std::size_t length = 0;
+  for (std::size_t i = 0; i < prefix.size(); ++i) {
+    length |= static_cast<std::size_t>(static_cast<unsigned char>(prefix[i])) << 8U * i;
+  }
+  return length;
+}
+
+// A device or a pipe may never end, and a folder opens like a file on some systems.
+void RequireFile(const std::filesystem::path& path) {
+  std::error_code ignored;
+  const auto status = std::filesystem::status(path, ignored);
+  if (std::filesystem::is_directory(status)) {
+    throw std::runtime_error(fmt::format("{} is a folder, not a raw file", PathText(path)));
+  }
+  if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+    throw std::runtime_error(
+        fmt::format("{} is no regular file; save the stream in one first", PathText(path)));
+  }
+}
+
+// Returns how many bytes came.
+std::size_t Read(std::ifstream& file, char* to, std::size_t count) {
+  file.read(to, static_cast<std::streamsize>(count));
+  return static_cast<std::size_t>(file.gcount());
 }
 
 }  // namespace
@@ -36,34 +56,48 @@ RawFileWriter::RawFileWriter(const std::filesystem::path& path) : file_(path) {
 }
 
 void RawFileWriter::Append(ByteView piece) {
-  const std::size_t length = piece.size();
-  const std::array<char, kLengthSize> prefix = {
-      static_cast<char>(length), static_cast<char>(length >> 8U), static_cast<char>(length >> 16U),
-      static_cast<char>(length >> 24U)};
+  const Prefix prefix = PrefixOf(piece.size());
   file_.Append({prefix.data(), prefix.size()});
   file_.Append({reinterpret_cast<const char*>(piece.data()), piece.size()});
 }
 
-RawFile LoadRawFile(const std::filesystem::path& path) {
-  const Bytes bytes = LoadWhole(path);
-  if (bytes.size() < kSignature.size() ||
-      std::memcmp(bytes.data(), kSignature.data(), kSignature.size()) != 0) {
-    throw std::runtime_error(fmt::format("{} is not a raw file of this program", PathText(path)));
+RawFileReader::RawFileReader(const std::filesystem::path& path) : name_(PathText(path)) {
+  RequireFile(path);
+  file_.open(path, std::ios::binary);
+  if (!file_) throw FileError("read", path);
+  std::array<char, kSignature.size()> signature{};
+  const std::size_t count = Read(file_, signature.data(), signature.size());
+  if (std::string_view(signature.data(), count) != kSignature) {
+    throw std::runtime_error(
+        fmt::format("{} is not a file that irvela read --raw has kept", name_));
   }
-  RawFile raw;
-  ByteView rest = ByteView(bytes).subspan(kSignature.size());
-  while (!rest.empty()) {
-    const bool whole = rest.size() >= kLengthSize && LengthAt(rest) <= rest.size() - kLengthSize;
-    if (!whole) {
-      raw.trouble = fmt::format("{} is cut short after {} pieces; shown is what it holds",
-                                PathText(path), raw.pieces.size());
-      break;
-    }
-    const ByteView piece = rest.subspan(kLengthSize, LengthAt(rest));
-    raw.pieces.emplace_back(piece.begin(), piece.end());
-    rest = rest.subspan(kLengthSize + piece.size());
+}
+
+bool RawFileReader::Next(Bytes& piece) {
+  Prefix prefix{};
+  const std::size_t got = Read(file_, prefix.data(), prefix.size());
+  if (file_.bad()) return StopAt("cannot be read further");
+  if (got == 0) return EndHere();
+  if (got < prefix.size()) return StopAt("is cut short");
+  const std::size_t length = LengthIn(prefix);
+  if (length > kMostInPiece) return StopAt("is damaged");
+  piece.resize(length);
+  if (Read(file_, reinterpret_cast<char*>(piece.data()), length) < length) {
+    return StopAt("is cut short");
   }
-  return raw;
+  ++pieces_;
+  return true;
+}
+
+bool RawFileReader::EndHere() {
+  if (pieces_ == 0) trouble_ = fmt::format("{} holds nothing: nothing had been read", name_);
+  return false;
+}
+
+bool RawFileReader::StopAt(const char* reason) {
+  trouble_ =
+      fmt::format("{} {} after {} pieces; shown is what stands before", name_, reason, pieces_);
+  return false;
 }
 
 }  // namespace host

@@ -105,4 +105,12 @@ std::string Decoded(const Pieces& pieces) {
   return text;
 }
 
+Pieces Loaded(const std::filesystem::path& path, std::string& trouble) {
+  host::RawFileReader reader(path);
+  Pieces pieces;
+  for (Bytes piece; reader.Next(piece);) pieces.push_back(piece);
+  trouble = reader.Trouble();
+  return pieces;
+}
+
 }  // namespace host_test

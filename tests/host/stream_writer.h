@@ -1,11 +1,14 @@
 // Writes a stream in the driver's write calls, and tells what was found in it.
 #pragma once
 
+#include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/output/screen.h"
 #include "host/reading/run_listener.h"
+#include "host/stream/raw_file.h"
 
 namespace host_test {
 
@@ -65,6 +68,27 @@ class Told final : public host::RunListener {
 
 // What a stream holds, told to its end.
 std::string Decoded(const Pieces& pieces);
+
+// A stream that was kept, without its file.
+class PieceList final : public host::KeptPieces {
+ public:
+  explicit PieceList(Pieces pieces, std::string trouble = {})
+      : pieces_(std::move(pieces)), trouble_(std::move(trouble)) {}
+  bool Next(Bytes& piece) override {
+    if (next_ == pieces_.size()) return false;
+    piece = pieces_[next_++];
+    return true;
+  }
+  const std::string& Trouble() const override { return trouble_; }
+
+ private:
+  Pieces pieces_;
+  std::string trouble_;
+  std::size_t next_ = 0;
+};
+
+// All pieces of a raw file; trouble: what the reader says at its end.
+Pieces Loaded(const std::filesystem::path& path, std::string& trouble);
 
 // A screen that keeps what it was told, in order: results as they are, errors in angle brackets.
 class KeptScreen {

@@ -59,7 +59,8 @@ host::SinkOptions Options(Format format, std::size_t rows, bool follow = false) 
 
 std::string Shown(const Pieces& pieces, const host::SinkOptions& options) {
   KeptScreen kept;
-  host::RunKeptStream({pieces, ""}, "", *host::MakeSinks(options, kept.screen));
+  PieceList stream(pieces);
+  host::RunKeptStream(stream, "", *host::MakeSinks(options, kept.screen));
   return kept.text;
 }
 
@@ -172,7 +173,8 @@ TEST_CASE("a folder gets a file per section, and sections that come again go on 
                          "01-current.csv,current,,M,V1,7,2016-09-04 13:05:01\n"
                          "02-hours-tv1.csv,hours,ТВ1,M,V1,7,2016-09-04 00:00:00\n"
                          "03-months-0.csv,months,0,"));
-  CHECK(host::LoadRawFile(scratch / "raw").pieces == Pieces(stream));
+  std::string trouble;
+  CHECK(host_test::Loaded(scratch / "raw", trouble) == Pieces(stream));
   scratch.Save("file", "");
   options.out = (scratch / "file").string();
   CHECK_THROWS_AS(Shown(stream, options), std::runtime_error);

@@ -67,7 +67,8 @@ TEST_CASE("a kept stream is a run; where a listener throws, the others are told 
     host::Broadcast sinks;
     sinks.Add(std::make_unique<Told>(first, throws));
     sinks.Add(std::make_unique<Told>(second));
-    const host::RunEnd end = host::RunKeptStream({Current(), "cut"}, "name", sinks);
+    PieceList kept(Current(), "cut");
+    const host::RunEnd end = host::RunKeptStream(kept, "name", sinks);
     CHECK(end.ending == host::Ending::kFailed);
     const std::string last = throws ? "end run 1 no space left\n" : "keep\nend run 1 cut\n";
     CHECK(first == "begin run name\nbegin O a:B\nrow 1\nend\n" + last);

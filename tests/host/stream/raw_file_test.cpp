@@ -17,24 +17,39 @@ TEST_CASE("a raw file keeps the write calls, and a shortened one what it holds")
     for (const Bytes& piece : pieces) writer.Append(piece);
     writer.Flush();
   }
-  const host::RawFile whole = host::LoadRawFile(scratch / "raw");
-  CHECK(whole.pieces == pieces);
-  CHECK(whole.trouble.empty());
+  std::string trouble;
+  CHECK(Loaded(scratch / "raw", trouble) == pieces);
+  CHECK(trouble.empty());
 
   const std::string text = scratch.Load("raw");
-  for (const std::size_t missing : {1U, 3U, 5U, 6U, 9U}) {
-    CAPTURE(missing);
-    scratch.Save("cut", text.substr(0, text.size() - missing));
-    const host::RawFile cut = host::LoadRawFile(scratch / "cut");
-    CHECK(cut.pieces.size() == (missing < 5 ? 4 : 3));
-    CHECK(cut.trouble.find("cut short") != std::string::npos);
+  struct Case {
+    std::string content;
+    std::size_t pieces;
+    const char* trouble;  // a part of it
+  };
+  const Case cases[] = {
+      {text.substr(0, text.size() - 1), 4, "is cut short after 4 pieces"},
+      {text.substr(0, text.size() - 3), 4, "is cut short after 4 pieces"},
+      {text.substr(0, text.size() - 5), 3, "is cut short after 3 pieces"},
+      {text.substr(0, text.size() - 9), 3, "is cut short after 3 pieces"},
+      {text.substr(0, 8), 0, "holds nothing"},
+      {text.substr(0, 9), 0, "is cut short after 0 pieces"},
+      {text + std::string("\1\0\x10\0x", 5), 5, "is damaged after 5 pieces"},
+  };
+  for (const Case& item : cases) {
+    CAPTURE(item.trouble);
+    scratch.Save("cut", item.content);
+    CHECK(Loaded(scratch / "cut", trouble).size() == item.pieces);
+    CHECK(trouble.find(item.trouble) != std::string::npos);
   }
 }
 
 TEST_CASE("files that are no raw files are refused or read without harm") {
   const ScratchFolder scratch;
-  CHECK_THROWS_AS(host::LoadRawFile(scratch / "none"), std::runtime_error);
-  CHECK_THROWS_AS(host::LoadRawFile(scratch / ""), std::runtime_error);
+  std::string trouble;
+  for (const auto& path : {scratch / "none", scratch / "", std::filesystem::path("/dev/zero")}) {
+    CHECK_THROWS_AS(host::RawFileReader{path}, std::runtime_error);
+  }
   CHECK_THROWS_AS(host::RawFileWriter(scratch / "no/such/folder"), std::runtime_error);
   std::mt19937 random(4);
   for (int round = 0; round < 200; ++round) {
@@ -44,9 +59,9 @@ TEST_CASE("files that are no raw files are refused or read without harm") {
     }
     scratch.Save("noise", noise);
     if (round % 2 == 0) {
-      Decoded(host::LoadRawFile(scratch / "noise").pieces);
+      Decoded(Loaded(scratch / "noise", trouble));
     } else {
-      CHECK_THROWS_AS(host::LoadRawFile(scratch / "noise"), std::runtime_error);
+      CHECK_THROWS_AS(host::RawFileReader{scratch / "noise"}, std::runtime_error);
     }
   }
 }
