@@ -28,6 +28,7 @@ void AddSinkOptions(CLI::App& app, SinkOptions& sinks) {
          "--all", [&sinks] { sinks.rows = 0; }, "all rows of a section")
       ->excludes(rows);
   app.add_option("--out", sinks.out, "a CSV file per section goes there")->option_text("DIR");
+  app.add_flag("--force", sinks.force, "write over what an earlier reading left there");
 }
 
 }  // namespace host

@@ -1,10 +1,16 @@
 // Keeps the driver's stream, for irvela decode.
 #pragma once
 
+#include <string>
+
 #include "host/reading/run_listener.h"
 #include "host/stream/raw_file.h"
 
 namespace host {
+
+// raw: its name; out: of the folder beside it, or empty; force: a file may be written over. Throws
+// UsageError with the reason when the stream cannot be kept there.
+void CheckRawFile(const std::string& raw, const std::string& out, bool force);
 
 class RawFileSink final : public RunListener {
  public:

@@ -30,6 +30,7 @@ std::unique_ptr<RunListener> MakeDocument(const SinkOptions& options, Screen& sc
 
 // What keeps stands before what shows.
 std::unique_ptr<RunListener> MakeSinks(const SinkOptions& options, Screen& screen) {
+  if (!options.raw.empty()) CheckRawFile(options.raw, options.out, options.force);
   auto sinks = std::make_unique<Broadcast>();
   if (!options.raw.empty()) sinks->Add(std::make_unique<RawFileSink>(PathOf(options.raw)));
   if (!options.out.empty()) sinks->Add(std::make_unique<CsvFolder>(PathOf(options.out)));

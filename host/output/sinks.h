@@ -18,9 +18,11 @@ struct SinkOptions {
   std::string out;        // folder, or empty
   std::string raw;        // file, or empty
   bool verbose = false;   // the driver's messages are shown
+  bool force = false;     // what out and raw name may be written over
 };
 
-// Files are begun at once; throws std::runtime_error with the reason when one cannot be. screen
+// Files are begun at once; throws UsageError or std::runtime_error with the reason when one cannot
+// be. screen
 // must outlive the sinks.
 std::unique_ptr<RunListener> MakeSinks(const SinkOptions& options, Screen& screen);
 

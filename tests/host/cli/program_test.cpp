@@ -34,6 +34,15 @@ TEST_CASE("a reading's folder is the one that decoding its raw file gives") {
     CHECK(scratch.Load(std::string("read/") + name) ==
           scratch.Load(std::string("decoded/") + name));
   }
+  for (const std::string& kept : {raw, (scratch / "").string(), std::string("-")}) {
+    CAPTURE(kept);
+    CHECK(host::RunProgram({"read", "--simulate", "521", "--groups", "B", "--raw", kept}) ==
+          host::kWrongUsage);
+  }
+  CHECK(host::RunProgram({"read", "--simulate", "521", "--groups", "B", "--raw", raw + "2", "--out",
+                          raw + "2/"}) == host::kWrongUsage);
+  CHECK(host::RunProgram({"read", "--simulate", "521", "--groups", "B", "--raw", raw, "--force"}) ==
+        host::kSuccess);
   scratch.Save("cut", scratch.Load("raw") + "x");
   CHECK(host::RunProgram({"decode", (scratch / "cut").string()}) == host::kFailed);
   CHECK(host::RunProgram({"decode", (scratch / "none").string()}) == host::kFailed);
