@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <utility>
+
+#include "host/reading/meanings.h"
 
 namespace host {
 namespace {
@@ -24,53 +24,6 @@ constexpr std::array<Word, 8> kSteps = {{{"BD", "database"},
                                          {"Hoyr", "hours"},
                                          {"Hour", "hours"},
                                          {"Sit", "log"}}};
-
-// Subjects whose detail is the code of an exchange that failed.
-constexpr std::array<std::string_view, 5> kFailedReads = {"Dt", "BD", "Op", "Tek", "Tot"};
-
-struct Code {
-  int number;
-  const char* meaning;
-};
-
-constexpr std::array<Code, 12> kCodes = {{{11, "the request could not be sent"},
-                                          {12, "no reply"},
-                                          {13, "the error reply was cut short"},
-                                          {14, "the error reply was cut short"},
-                                          {15, "the reply was cut short"},
-                                          {16, "the reply was cut short"},
-                                          {17, "the reply's checksum is wrong"},
-                                          {20, "the instrument refused the request: error 0"},
-                                          {21, "the instrument refused the request: error 1"},
-                                          {22, "the instrument refused the request: error 2"},
-                                          {23, "the instrument refused the request: error 3"},
-                                          {24, "the instrument refused the request"}}};
-
-bool IsNumber(std::string_view text) {
-  return !text.empty() && std::all_of(text.begin(), text.end(),
-                                      [](char digit) { return digit >= '0' && digit <= '9'; });
-}
-
-bool Contains(std::string_view text, std::string_view part) {
-  return text.find(part) != std::string_view::npos;
-}
-
-// The database read of model 521 counts its codes from 10 higher, so that they cannot be told from
-// the refusals.
-std::string_view Meaning(const Message& message) {
-  if (message.subject == "Error Version") {
-    return message.detail == "Read 0" ? "no reply" : "the instrument did not identify itself";
-  }
-  if (message.subject == "PoitkaReadBD" || message.subject == "BD") return {};
-  const std::string_view detail = message.detail;
-  const std::string_view digits = detail.substr(detail.find_last_of(' ') + 1);
-  if (!IsNumber(digits) || !IsError(message)) return {};
-  int number = 0;
-  std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  const auto* code = std::find_if(kCodes.begin(), kCodes.end(),
-                                  [&](const Code& known) { return known.number == number; });
-  return code == kCodes.end() ? std::string_view{} : code->meaning;
-}
 
 }  // namespace
 
@@ -104,30 +57,27 @@ std::optional<std::string> RecordDate(const Message& message) {
 }
 
 bool IsError(const Message& message) {
-  if (message.detail == "ошибка") return true;
-  // Sums up the attempts that have told more.
-  if (message.detail == "Error Init") return false;
-  for (const std::string_view text :
-       {std::string_view(message.detail), std::string_view(message.subject)}) {
-    if (Contains(text, "Error") || Contains(text, "error") || Contains(text, "not found")) {
-      // An instrument that has no such record answers properly.
-      return message.subject != "Data not found";
-    }
-  }
-  return IsNumber(message.detail) &&
-         std::find(kFailedReads.begin(), kFailedReads.end(), message.subject) != kFailedReads.end();
+  const auto meaning = MeaningOf(message);
+  return meaning && meaning->error;
 }
 
 std::string ReasonOf(const Message& message) {
-  const std::string_view meaning = Meaning(message);
-  return meaning.empty() ? Describe(message) : std::string(meaning);
+  const auto meaning = MeaningOf(message);
+  if (!meaning) return Describe(message);
+  return meaning->why.empty() ? meaning->what : meaning->why;
 }
 
 std::string Describe(const Message& message) {
   std::string text = message.subject + ": " + message.detail;
-  const std::string_view meaning = Meaning(message);
-  if (!meaning.empty()) text += " (" + std::string(meaning) + ")";
+  if (MeaningOf(message)) text += " (" + ReasonOf(message) + ")";
   return text;
+}
+
+std::string Explain(const Message& message) {
+  const auto meaning = MeaningOf(message);
+  if (!meaning) return Describe(message);
+  const char* const between = meaning->what.empty() || meaning->why.empty() ? "" : ": ";
+  return meaning->what + between + meaning->why;
 }
 
 }  // namespace host

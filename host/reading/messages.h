@@ -25,13 +25,17 @@ std::optional<std::string> StepName(const Message& message);
 // Date and hour of the archive record that is being read.
 std::optional<std::string> RecordDate(const Message& message);
 
-// Whether the message reports that something went wrong.
+// Whether the message reports that something went wrong, and no message before it told more of
+// that.
 bool IsError(const Message& message);
 
-// What an error was, in words where they are known: "no reply".
+// Why it was, or what: "no reply".
 std::string ReasonOf(const Message& message);
 
-// "PoitkaArh: 3 Error: 12 (no reply)".
+// The driver's words, and what they mean: "PoitkaArh: 3 Error: 12 (no reply)".
 std::string Describe(const Message& message);
+
+// The same in words for people: "an archive record could not be read: no reply".
+std::string Explain(const Message& message);
 
 }  // namespace host

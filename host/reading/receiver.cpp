@@ -43,7 +43,7 @@ void Receiver::Learn(const host::Message& message) {
   if (const auto result = ReadingResult(message)) {
     status_.succeeded = *result;
   } else if (IsError(message)) {
-    status_.lastError = Describe(message);
+    status_.lastError = Explain(message);
   }
   if (message.subject == "Tip") status_.identified = true;
   if (IsEndOfReading(message)) {

@@ -20,7 +20,7 @@ struct ReceiverStatus {
   bool ended = false;             // the driver's thread sent its last message
   std::optional<bool> succeeded;  // as the driver reported it
   std::string refusal;            // why the listener takes no more; empty: it does
-  std::string lastError;          // the last message that told of an error
+  std::string lastError;          // what the last message of an error means
   bool identified = false;        // the instrument told its model
 };
 

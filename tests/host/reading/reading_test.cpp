@@ -111,7 +111,7 @@ TEST_CASE("a reading that cannot go on says why and keeps its rows") {
     spoil = [] { throw std::runtime_error("no space left"); };
   }
   SUBCASE("nobody answers") {
-    reason = "Error Version: Read 0 (no reply)";
+    reason = "the instrument could not be identified: no reply";
     bench.settings.number = 7;
     rows = 0;
   }
