@@ -42,7 +42,7 @@ std::string ModelsWith(const char* fault) {
 }
 
 std::string ModelsText() {
-  std::string text = "Instruments, for --simulate and simulate, each with its --units:\n";
+  std::string text = "Instruments, for --simulate and simulate, each with its --sim-units:\n";
   for (const simulator::Choice& model : simulator::Models()) {
     text += Line(model) + Line({"", UnitsOf(model.name).c_str()});
   }

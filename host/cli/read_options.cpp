@@ -90,7 +90,7 @@ void ReadParser::FinishLine() {
     read_.line = "simulate:" + model_;
     return;
   }
-  if (simulated_.Given()) throw UsageError("--clock, --fault and --units go with --simulate");
+  if (simulated_.Given()) throw UsageError("--clock, --fault and --sim-units go with --simulate");
   read_.line = tcp_.empty() ? "serial:" + port_ : "tcp:" + tcp_;
   CheckLineAddress(read_.line);
 }

@@ -52,7 +52,7 @@ void SimulatedOptions::AddTo(CLI::App& app) {
   app.add_option("--line-speed", settings_.lineSpeed,
                  "bit/s at which the simulated line paces its bytes; 0: at once")
       ->check(WholeNumber(0, 10000000));
-  app.add_option("--units", units_,
+  app.add_option("--sim-units", units_,
                  "units of the simulated instrument, 0, 1 or 2 (see irvela models)")
       ->option_text("CODE");
   app.add_option("--fault", faults_, "what goes wrong, on every Nth reply (see irvela models)")
@@ -67,7 +67,7 @@ void SimulatedOptions::Finish(const std::string& option, const std::string& mode
   for (const std::string& fault : faults_) settings_.faults.push_back(FaultOf(fault, model));
   if (!units_.empty()) {
     const auto codes = simulator::UnitsOf(model);
-    settings_.special.unitsCode = std::stoi(Chosen("--units of " + model, units_, codes));
+    settings_.special.unitsCode = std::stoi(Chosen("--sim-units of " + model, units_, codes));
   }
   if (const auto clock = Clock()) {
     settings_.clock = {clock->wYear, clock->wMonth,  clock->wDay,

@@ -43,8 +43,8 @@ TEST_CASE("wrong usage is told in one line") {
       {"read", "--simulate", "k7-521", "--fault", "error-reply"},
       {"read", "--simulate", "521", "--fault", "noise:1:2"},
       {"read", "--simulate", "521", "--fault", "frozen:1:"},
-      {"simulate", "521", "--tcp", "0", "--units", "2"},
-      {"read", "--port", "a", "--units", "1"},
+      {"simulate", "521", "--tcp", "0", "--sim-units", "2"},
+      {"read", "--port", "a", "--sim-units", "1"},
       {"decode"},
       {"simulate", "521", "--pty", "a", "--tcp", "1"},
   };
@@ -130,7 +130,7 @@ TEST_CASE("a reading is set up from its options") {
 TEST_CASE("a simulated clock sets the period") {
   const CommandLine line = host::ParseCommandLine({"read", "--simulate", "521", "--number", "9",
                                                    "--clock", "2016-03-01 13:05:09", "--fault",
-                                                   "frozen:3:50", "--units", "1", "--follow"});
+                                                   "frozen:3:50", "--sim-units", "1", "--follow"});
   REQUIRE(line.command == Command::kRead);
   CHECK(TextOf(line.read.settings.from) == "2016-2-27 0:0:0");
   CHECK(TextOf(line.read.settings.to) == "2016-3-1 13:5:9");
