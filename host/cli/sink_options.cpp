@@ -2,15 +2,55 @@
 
 #include <CLI/CLI.hpp>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "host/cli/checks.h"
+#include "host/reading/settings.h"
+#include "host/system/output_width.h"
 
 namespace host {
 namespace {
 
+constexpr const char* kStandardName = "standard";
+constexpr const char* kExcelRuName = "excel-ru";
+
 const std::map<std::string, Format> kFormats = {
     {"table", Format::kTable}, {"json", Format::kJson}, {"csv", Format::kCsv}};
+
+void SetUnits(SinkOptions& sinks, const std::string& words) {
+  const std::optional<UnitChoice> choice = ParseUnitChoice(words);
+  if (!choice) {
+    throw UsageError("--units " + words +
+                     ": there are as-is, for heat gcal, gj and mwh, for pressure kgf, mpa, kpa and "
+                     "bar; one of each, as in gj,mpa");
+  }
+  sinks.units = *choice;
+}
+
+void AddUnits(CLI::App& app, SinkOptions& sinks) {
+  app.add_option_function<std::string>(
+         "--units", [&sinks](const std::string& words) { SetUnits(sinks, words); },
+         "of heat (gcal, gj, mwh) and pressure (kgf, mpa, kpa, bar), as in gj,mpa; as-is: those of "
+         "the instrument")
+      ->option_text("UNITS")
+      ->default_str("as-is");
+}
+
+void AddFolder(CLI::App& app, SinkOptions& sinks) {
+  CLI::Option* out = app.add_option("--out", sinks.out, "a CSV file per section goes there");
+  out->option_text("DIR");
+  app.add_flag("--force", sinks.force, "replace the reading that DIR holds")->needs(out);
+  app.add_option_function<std::string>(
+         "--csv-dialect",
+         [&sinks](const std::string& name) {
+           sinks.dialect = name == kExcelRuName ? kExcelRuCsv : kStandardCsv;
+         },
+         "standard, or excel-ru for a spreadsheet set to Russian")
+      ->check(CLI::IsMember({kStandardName, kExcelRuName}))
+      ->option_text("NAME")
+      ->default_str(kStandardName);
+}
 
 }  // namespace
 
@@ -22,13 +62,14 @@ void AddSinkOptions(CLI::App& app, SinkOptions& sinks) {
       ->option_text("NAME")
       ->default_str("table");
   CLI::Option* rows = app.add_option("--rows", sinks.rows, "rows of a section in a table")
-                          ->check(WholeNumber(2, 1000000))
+                          ->check(WholeNumber(1, 1000000))
                           ->option_text("N");
   app.add_flag_callback(
          "--all", [&sinks] { sinks.rows = 0; }, "all rows of a section")
       ->excludes(rows);
-  app.add_option("--out", sinks.out, "a CSV file per section goes there")->option_text("DIR");
-  app.add_flag("--force", sinks.force, "write over what an earlier reading left there");
+  AddUnits(app, sinks);
+  AddFolder(app, sinks);
+  sinks.width = OutputWidth();
 }
 
 }  // namespace host

@@ -1,20 +1,45 @@
 #include "host/output/csv.h"
 
-#include <string_view>
+#include <algorithm>
 
 namespace host {
 namespace {
 
-void Separate(std::string& out, bool& first) {
-  if (!first) out += ',';
-  first = false;
+constexpr const char* kClock = "clock";
+constexpr const char* kUndescribed = "undescribed";
+
+// Names of a header: of the columns, and of what stands before and after them.
+std::vector<std::string> Header(const Section& section, std::vector<std::string> names) {
+  if (RowsTakeTitleTime(section)) names.insert(names.begin(), kClock);
+  if (HasUndescribedColumns(section)) names.emplace_back(kUndescribed);
+  return names;
+}
+
+std::string DriverHeading(const Column& column) {
+  std::string heading = column.name;
+  if (!column.caption.empty() && column.caption != column.name) {
+    heading += " (" + column.caption + ")";
+  }
+  if (!column.unit.empty() && column.unit != column.name) heading += ", " + column.unit;
+  return heading;
+}
+
+void AppendCsvCell(std::string& out, const Cell& cell, const CsvDialect& dialect) {
+  if (const auto* text = std::get_if<std::string>(&cell)) {
+    return AppendCsvField(out, *text, dialect);
+  }
+  const auto begin = static_cast<std::ptrdiff_t>(out.size());
+  AppendCell(out, cell);  // numbers and dates have nothing to quote
+  if (std::holds_alternative<float>(cell) || std::holds_alternative<double>(cell)) {
+    std::replace(out.begin() + begin, out.end(), '.', dialect.decimal);
+  }
 }
 
 }  // namespace
 
-void AppendCsvField(std::string& out, const std::string& text) {
-  constexpr std::string_view kSpecial = ",\"\r\n";
-  if (text.find_first_of(kSpecial) == std::string::npos) {
+void AppendCsvField(std::string& out, const std::string& text, const CsvDialect& dialect) {
+  const char special[] = {dialect.separator, '"', '\r', '\n', '\0'};
+  if (text.find_first_of(special) == std::string::npos) {
     out += text;
     return;
   }
@@ -26,51 +51,44 @@ void AppendCsvField(std::string& out, const std::string& text) {
   out += '"';
 }
 
-std::string ColumnHeading(const Column& column) {
-  std::string heading = column.name;
-  if (!column.caption.empty() && column.caption != column.name) {
-    heading += " (" + column.caption + ")";
+void AppendCsvLine(std::string& out, const std::vector<std::string>& fields,
+                   const CsvDialect& dialect) {
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    if (i > 0) out += dialect.separator;
+    AppendCsvField(out, fields[i], dialect);
   }
-  if (!column.unit.empty() && column.unit != column.name) heading += ", " + column.unit;
-  return heading;
+  out += dialect.lineEnd;
 }
 
 bool RowsTakeTitleTime(const Section& section) {
   return section.title.kind == tav::TitleKind::kCurrent;
 }
 
-void AppendCsvHeader(std::string& out, const Section& section) {
-  bool first = true;
-  if (RowsTakeTitleTime(section)) {
-    Separate(out, first);
-    out += "clock";
-  }
-  for (const Column& column : section.columns) {
-    Separate(out, first);
-    AppendCsvField(out, ColumnHeading(column));
-  }
-  if (HasUndescribedColumns(section)) {
-    Separate(out, first);
-    out += "undescribed bytes";
-  }
-  out += '\n';
+void AppendCsvHeader(std::string& out, const Section& section, const std::vector<Field>& fields,
+                     const CsvDialect& dialect) {
+  std::vector<std::string> names;
+  names.reserve(fields.size() + 2);
+  for (const Field& field : fields) names.push_back(field.name);
+  AppendCsvLine(out, Header(section, std::move(names)), dialect);
 }
 
-void AppendCsvRow(std::string& out, const Section& section, const Cells& cells) {
-  bool first = true;
-  if (RowsTakeTitleTime(section)) {
-    Separate(out, first);
-    AppendDate(out, section.title.time);
+void AppendDriverHeader(std::string& out, const Section& section, const CsvDialect& dialect) {
+  std::vector<std::string> names;
+  names.reserve(section.columns.size() + 2);
+  for (const Column& column : section.columns) names.push_back(DriverHeading(column));
+  AppendCsvLine(out, Header(section, std::move(names)), dialect);
+}
+
+void AppendCsvRow(std::string& out, const Section& section, const TAVDT& clock, const Cells& cells,
+                  const CsvDialect& dialect) {
+  const bool takesClock = RowsTakeTitleTime(section);
+  if (takesClock) AppendDate(out, clock);
+  const std::size_t count = std::max(cells.size(), section.columns.size());
+  for (std::size_t i = 0; i < count; ++i) {
+    if (takesClock || i > 0) out += dialect.separator;
+    if (i < cells.size()) AppendCsvCell(out, cells[i], dialect);
   }
-  for (const Cell& cell : cells) {
-    Separate(out, first);
-    if (const auto* text = std::get_if<std::string>(&cell)) {
-      AppendCsvField(out, *text);
-    } else {
-      AppendCell(out, cell);  // numbers and dates have nothing to quote
-    }
-  }
-  out += '\n';
+  out += dialect.lineEnd;
 }
 
 }  // namespace host

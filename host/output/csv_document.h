@@ -1,25 +1,25 @@
-// Sections as comma-separated values, shown at the end of a run: each under a line with "#" and its
-// title, with an empty line between two.
+// Sections as comma-separated values, with an empty line between two. Lines with "#" tell of each
+// section: its title, what the driver calls its columns, and what is missing.
 #pragma once
 
-#include <string>
-
+#include "host/output/csv.h"
+#include "host/output/gathered_run.h"
 #include "host/output/screen.h"
-#include "host/reading/run_listener.h"
 
 namespace host {
 
-class CsvDocument final : public RunListener {
+class CsvDocument final : public Document {
  public:
   // screen must outlive it.
-  explicit CsvDocument(Screen& screen) : screen_(screen) {}
-  void BeginSection(const Section& section) override;
-  void AddRow(const Section& section, const Cells& cells) override;
-  void EndRun(const RunEnd& end) override;
+  CsvDocument(const CsvDialect& dialect, Screen& screen) : dialect_(dialect), screen_(screen) {}
+  void Show(const GatheredRun& run) override;
 
  private:
+  std::string Comment(const std::string& text) const;
+  std::string TextOf(const GatheredSection& gathered) const;
+
+  CsvDialect dialect_;
   Screen& screen_;
-  std::string text_;
 };
 
 }  // namespace host

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "host/output/csv.h"
+#include "host/output/rounded.h"
 #include "host/output/text.h"
 
 namespace host {
@@ -11,20 +11,21 @@ namespace {
 
 constexpr std::size_t kDateWidth = 19;
 constexpr std::size_t kValueWidth = 11;
+constexpr int kDigits = 6;
 
 // The rows to come are not known, so columns are as wide as their kind of value usually is.
-std::string Field(const Column& column, const std::string& text) {
+std::string Padded(const Column& column, const std::string& text) {
   const std::size_t least = column.type == tav::Type::kDateTime ? kDateWidth : kValueWidth;
   return "  " + PadLeft(text, std::max(least, DisplayWidth(column.name)));
 }
 
-std::string TableHeading(const Section& section) {
+std::string TableHeading(const Section& section, const std::vector<Field>& fields) {
   const bool clock = RowsTakeTitleTime(section);
   std::string names = clock ? PadRight("clock", kDateWidth) : "";
   std::string units = clock ? PadRight("", kDateWidth) : "";
-  for (const Column& column : section.columns) {
-    names += Field(column, column.name);
-    units += Field(column, column.unit);
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    names += Padded(section.columns[i], section.columns[i].name);
+    units += Padded(section.columns[i], fields[i].unit.text);
   }
   return names + '\n' + units + '\n';
 }
@@ -32,19 +33,22 @@ std::string TableHeading(const Section& section) {
 std::string TableLine(const Section& section, const Cells& cells) {
   std::string line = RowsTakeTitleTime(section) ? DateText(section.title.time) : "";
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    const std::string text = CellText(cells[i]);
-    line += i < section.columns.size() ? Field(section.columns[i], text) : "  " + text;
+    const std::string text = RoundedText(cells[i], kDigits);
+    line += i < section.columns.size() ? Padded(section.columns[i], text) : "  " + text;
   }
   return line + '\n';
 }
 
-std::string JsonLine(const Section& section, JsonRow& row, const Cells& cells) {
+std::string JsonLine(const Section& section, const JsonRow& row, const Cells& cells) {
+  const Title& title = section.title;
   std::string line;
   JsonWriter writer(line, JsonWriter::Layout::kOneLine);
   writer.Open('{');
-  writer.Member(R"("kind")", JsonText(KindName(section.title.kind)));
-  writer.Member(R"("section")", JsonText(section.title.section));
-  writer.Member(R"("clock")", JsonText(DateText(section.title.time)));
+  writer.Member(R"("kind")", JsonText(KindName(title.kind)));
+  writer.Member(R"("section")", JsonText(title.section));
+  writer.Member(R"("model")", JsonText(title.model));
+  writer.Member(R"("number")", JsonText(title.number));
+  writer.Member(R"("clock")", JsonText(DateText(title.time)));
   row.Append(writer, cells);
   writer.Close('}');
   return line + '\n';
@@ -52,26 +56,37 @@ std::string JsonLine(const Section& section, JsonRow& row, const Cells& cells) {
 
 }  // namespace
 
-void FollowPrinter::BeginSection(const Section& section) {
-  if (format_ == Format::kJson) {
-    row_.emplace(section, std::vector<std::string>{"kind", "section", "clock"});
-    return;
-  }
-  std::string columns;
+std::string FollowPrinter::HeadingOf(const Section& section) const {
   if (format_ == Format::kTable) {
-    columns = TableHeading(section);
-  } else {
-    AppendCsvHeader(columns, section);
+    return SectionHeading(section) + '\n' + TableHeading(section, columns_.fields);
   }
-  std::string heading = SectionKey(section) + columns;
-  if (heading == lastHeading_) return;
-  if (!lastHeading_.empty()) unshown_ += '\n';
-  lastHeading_ = std::move(heading);
-  if (format_ == Format::kTable) unshown_ += SectionHeading(section) + '\n';
-  unshown_ += columns;
+  std::string heading;
+  AppendCsvHeader(heading, section, columns_.fields, dialect_);
+  return heading;
 }
 
-std::string FollowPrinter::LineOf(const Section& section, const Cells& cells) {
+void FollowPrinter::BeginSection(const Section& section) {
+  view_.See(section);
+  columns_ = view_.Columns(section);
+  if (format_ == Format::kJson) {
+    row_.emplace(columns_.fields);
+    return;
+  }
+  // What a table says of the section changes with its clock; that is no other section.
+  std::string columns;
+  AppendCsvHeader(columns, section, columns_.fields, dialect_);
+  std::string heading = SectionKey(section) + columns;
+  if (heading == lastHeading_) return;
+  if (!lastHeading_.empty()) {
+    unshown_ += '\n';
+  } else if (format_ == Format::kCsv) {
+    unshown_ += dialect_.begin;
+  }
+  lastHeading_ = std::move(heading);
+  unshown_ += HeadingOf(section);
+}
+
+std::string FollowPrinter::LineOf(const Section& section, const Cells& cells) const {
   std::string line;
   switch (format_) {
     case Format::kTable:
@@ -79,14 +94,15 @@ std::string FollowPrinter::LineOf(const Section& section, const Cells& cells) {
     case Format::kJson:
       return JsonLine(section, *row_, cells);
     case Format::kCsv:
-      AppendCsvRow(line, section, cells);
+      AppendCsvRow(line, section, section.title.time, cells, dialect_);
       break;
   }
   return line;
 }
 
 void FollowPrinter::AddRow(const Section& section, const Cells& cells) {
-  std::string line = LineOf(section, cells);
+  view_.See(section, cells);
+  std::string line = LineOf(section, columns_.In(cells, scratch_));
   if (line == lastLine_) return;
   unshown_ += line;
   lastLine_ = std::move(line);

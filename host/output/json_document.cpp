@@ -1,12 +1,26 @@
 #include "host/output/json_document.h"
 
+#include <fmt/format.h>
+
+#include "host/output/json_row.h"
+#include "host/output/ranges.h"
+#include "host/output/text.h"
 #include "host/stream/code_page.h"
 
 namespace host {
 namespace {
 
-void AppendMember(JsonWriter& writer, const char* key, std::string_view text) {
+void AppendText(JsonWriter& writer, const char* key, std::string_view text) {
   writer.Member(JsonText(key), JsonText(text));
+}
+
+// What does not apply is null.
+void AppendTextOrNull(JsonWriter& writer, const char* key, std::string_view text) {
+  writer.Member(JsonText(key), text.empty() ? "null" : JsonText(text));
+}
+
+void AppendNumber(JsonWriter& writer, const char* key, std::size_t number) {
+  writer.Member(JsonText(key), std::to_string(number));
 }
 
 // Any byte may stand in a stream.
@@ -16,25 +30,81 @@ std::string Letter(Code code) {
   return Utf8FromCp1251({&letter, 1});
 }
 
-void AppendColumn(JsonWriter& writer, const Column& column) {
+void AppendColumn(JsonWriter& writer, const Column& column, const Field& field) {
   writer.Open('{');
-  AppendMember(writer, "name", column.name);
-  AppendMember(writer, "type", Letter(column.type));
-  writer.Member(JsonText("width"), std::to_string(column.width));
-  AppendMember(writer, "unit", column.unit);
-  AppendMember(writer, "role", Letter(column.role));
-  AppendMember(writer, "caption", column.caption);
-  AppendMember(writer, "group", column.group);
+  AppendText(writer, "field", field.name);
+  AppendTextOrNull(writer, "quantity", NameOf(field.quantity));
+  AppendTextOrNull(writer, "pipe", NameOf(field.pipe));
+  AppendTextOrNull(writer, "span", NameOf(field.span));
+  AppendTextOrNull(writer, "unit", field.unit.text);
+  AppendText(writer, "name", column.name);
+  AppendText(writer, "caption", column.caption);
+  AppendText(writer, "driver_unit", column.unit);
+  AppendText(writer, "type", Letter(column.type));
+  AppendNumber(writer, "width", column.width);
+  AppendText(writer, "role", Letter(column.role));
+  AppendText(writer, "group", column.group);
   writer.Close('}');
 }
 
 void AppendTitle(JsonWriter& writer, const Title& title) {
-  AppendMember(writer, "kind", KindName(title.kind));
-  AppendMember(writer, "section", title.section);
-  AppendMember(writer, "model", title.model);
-  AppendMember(writer, "version", title.version);
-  AppendMember(writer, "number", title.number);
-  AppendMember(writer, "clock", DateText(title.time));
+  AppendText(writer, "kind", KindName(title.kind));
+  AppendText(writer, "section", title.section);
+  AppendText(writer, "model", title.model);
+  AppendText(writer, "version", title.version);
+  AppendText(writer, "number", title.number);
+  AppendText(writer, "clock", DateText(title.time));
+}
+
+// Rows of current values have a clock each.
+void AppendRow(JsonWriter& writer, const GatheredSection& gathered, const GatheredRow& row,
+               const JsonRow& keys) {
+  writer.Open('{');
+  if (gathered.section.title.kind == tav::TitleKind::kCurrent) {
+    AppendText(writer, "clock", DateText(row.clock));
+  }
+  keys.Append(writer, row.cells);
+  writer.Close('}');
+}
+
+void AppendSection(JsonWriter& writer, const GatheredSection& gathered) {
+  const Section& section = gathered.section;
+  writer.Open('{');
+  AppendTitle(writer, section.title);
+  writer.Key(JsonText("columns")).Open('[');
+  for (std::size_t i = 0; i < section.columns.size(); ++i) {
+    AppendColumn(writer, section.columns[i], gathered.fields[i]);
+  }
+  writer.Close(']').Key(JsonText("rows")).Open('[');
+  const JsonRow keys(gathered.fields);
+  for (const GatheredRow& row : gathered.rows) AppendRow(writer, gathered, row, keys);
+  writer.Close(']').Close('}');
+}
+
+void AppendRanges(JsonWriter& writer, const char* key, tav::TitleKind kind,
+                  const std::vector<DateRange>& ranges) {
+  writer.Key(JsonText(key)).Open('[');
+  for (const DateRange& range : ranges) {
+    writer.Open('{');
+    AppendText(writer, "from", RecordDateText(kind, range.first));
+    AppendText(writer, "to", RecordDateText(kind, range.last));
+    writer.Close('}');
+  }
+  writer.Close(']');
+}
+
+void AppendAccount(JsonWriter& writer, const SectionAccount& account) {
+  writer.Open('{');
+  AppendText(writer, "kind", KindName(account.kind));
+  AppendText(writer, "section", account.section);
+  AppendNumber(writer, "expected", account.expected);
+  AppendNumber(writer, "received", account.received);
+  AppendNumber(writer, "not_held", account.notHeld);
+  AppendNumber(writer, "failed", account.failed);
+  AppendRanges(writer, "missing", account.kind, account.missing);
+  AppendRanges(writer, "absent", account.kind, account.absent);
+  AppendText(writer, "reason", account.reason);
+  writer.Close('}');
 }
 
 const char* EndingName(Ending ending) {
@@ -51,41 +121,47 @@ const char* EndingName(Ending ending) {
   return "failed";
 }
 
+std::string TimeText(const SYSTEMTIME& time) {
+  return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", time.wYear, time.wMonth, time.wDay,
+                     time.wHour, time.wMinute, time.wSecond);
+}
+
+void AppendAsked(JsonWriter& writer, const ReadSettings& settings) {
+  writer.Key(JsonText("asked")).Open('{');
+  AppendText(writer, "from", TimeText(settings.from));
+  AppendText(writer, "to", TimeText(settings.to));
+  AppendText(writer, "groups", settings.groups);
+  AppendText(writer, "kind", settings.kind == tav::Mode::kK7 ? "k7" : "older");
+  AppendNumber(writer, "number", static_cast<std::size_t>(settings.number));
+  writer.Close('}');
+}
+
+// What only a reading of an instrument has.
+void AppendReading(JsonWriter& writer, const GatheredRun& run) {
+  const RunEnd& end = run.end;
+  AppendText(writer, "result", EndingName(end.ending));
+  if (!end.reason.empty()) AppendText(writer, "reason", end.reason);
+  AppendText(writer, "line", run.line);
+  AppendAsked(writer, *run.settings);
+  writer.Member(JsonText("clock_difference_s"),
+                end.clock ? std::to_string(end.clock->difference) : "null");
+  writer.Key(JsonText("completeness")).Open('[');
+  for (const SectionAccount& account : end.accounts) AppendAccount(writer, account);
+  writer.Close(']');
+}
+
 }  // namespace
 
-void JsonDocument::BeginRun(const Run& run) {
-  hasResult_ = run.settings.has_value();
-  writer_.Key(JsonText("sections")).Open('[');
-}
-
-void JsonDocument::BeginSection(const Section& section) {
-  writer_.Open('{');
-  AppendTitle(writer_, section.title);
-  writer_.Key(JsonText("columns")).Open('[');
-  for (const Column& column : section.columns) AppendColumn(writer_, column);
-  writer_.Close(']').Key(JsonText("rows")).Open('[');
-  row_.emplace(section);
-}
-
-void JsonDocument::AddRow(const Section&, const Cells& cells) {
-  writer_.Open('{');
-  row_->Append(writer_, cells);
-  writer_.Close('}');
-}
-
-void JsonDocument::EndSection(const Section&) { writer_.Close(']').Close('}'); }
-
-void JsonDocument::EndRun(const RunEnd& end) {
-  writer_.Close(']').Close('}');
-  text_ += '\n';
-  std::string head;
-  JsonWriter writer(head, JsonWriter::Layout::kIndented);
+void JsonDocument::Show(const GatheredRun& run) {
+  std::string text;
+  JsonWriter writer(text, JsonWriter::Layout::kIndented);
   writer.Open('{');
-  if (hasResult_) AppendMember(writer, "result", EndingName(end.ending));
-  if (hasResult_ && !end.reason.empty()) AppendMember(writer, "reason", end.reason);
-  if (hasResult_) head += ',';
-  screen_.PrintResult(head);
-  screen_.PrintResult(text_);
+  if (run.settings) AppendReading(writer, run);
+  AppendText(writer, "time", kTimes);
+  writer.Key(JsonText("sections")).Open('[');
+  for (const GatheredSection& gathered : run.sections) AppendSection(writer, gathered);
+  writer.Close(']').Close('}');
+  screen_.PrintResult(text + '\n');
 }
 
 }  // namespace host

@@ -2,18 +2,17 @@
 
 namespace host {
 
-JsonRow::JsonRow(const Section& section, const std::vector<std::string>& taken) {
-  for (const std::string& name : DistinctNames(section, taken)) keys_.push_back(JsonText(name));
+JsonRow::JsonRow(const std::vector<Field>& fields) {
+  keys_.reserve(fields.size() + 1);
+  for (const Field& field : fields) keys_.push_back(JsonText(field.name));
+  keys_.push_back(JsonText("undescribed"));
 }
 
-void JsonRow::Append(JsonWriter& writer, const Cells& cells) {
-  bool lacks = false;
+void JsonRow::Append(JsonWriter& writer, const Cells& cells) const {
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    const bool lacking = std::holds_alternative<std::monostate>(cells[i]);
-    if (!lacking || !cut_) writer.Member(keys_[i], JsonValue(cells[i]));
-    lacks = lacks || lacking;
+    if (std::holds_alternative<std::monostate>(cells[i])) continue;
+    writer.Member(keys_[i], JsonValue(cells[i]));
   }
-  cut_ = cut_ || lacks;
 }
 
 }  // namespace host

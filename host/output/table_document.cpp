@@ -1,142 +1,120 @@
 #include "host/output/table_document.h"
 
-#include <fmt/format.h>
-
-#include <algorithm>
-#include <limits>
 #include <utility>
 
+#include "host/output/csv.h"
+#include "host/output/folded_table.h"
+#include "host/output/rounded.h"
 #include "host/output/text.h"
 
 namespace host {
 namespace {
 
 constexpr const char* kUndescribed = "undescribed";
-constexpr const char* kGap = "  ";
+constexpr int kTableDigits = 6;
+// More than single precision has: only what a conversion made long is rounded in a list.
+constexpr int kListDigits = 12;
+constexpr std::size_t kMostRanges = 12;
 
-using Fields = std::vector<std::string>;
-using Lines = std::vector<Fields>;
-
-std::vector<std::size_t> Widths(const Lines& lines) {
-  std::vector<std::size_t> widths;
-  for (const Fields& fields : lines) {
-    widths.resize(std::max(widths.size(), fields.size()));
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-      widths[i] = std::max(widths[i], DisplayWidth(fields[i]));
-    }
+// Field, value, unit and caption of each column below each other.
+std::string List(const GatheredSection& gathered) {
+  const Cells& cells = gathered.rows.front().cells;
+  const std::vector<Column>& columns = gathered.section.columns;
+  std::vector<TextLine> lines;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const Field& field = gathered.fields[i];
+    const std::string value = i < cells.size() ? RoundedText(cells[i], kListDigits) : "";
+    lines.push_back({field.base, value, field.unit.text, columns[i].caption});
   }
-  return widths;
+  if (cells.size() > columns.size()) lines.push_back({kUndescribed, CellText(cells.back())});
+  return ListText(lines);
 }
 
-// Empty fields at the end, which a cut row has, are left out.
-Fields FieldsOf(const Cells& cells) {
-  Fields fields;
-  for (const Cell& cell : cells) fields.push_back(CellText(cell));
-  while (!fields.empty() && fields.back().empty()) fields.pop_back();
-  return fields;
-}
-
-// Fields from leftEnd to rightEnd are aligned on the right.
-std::string Join(const Fields& fields, const std::vector<std::size_t>& widths, std::size_t leftEnd,
-                 std::size_t rightEnd) {
-  std::string line;
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    line += kGap;
-    if (i >= leftEnd && i < rightEnd) {
-      line += PadLeft(fields[i], widths[i]);
-    } else {
-      // The widest field of all rows does not lengthen what ends each of them.
-      line += PadRight(fields[i], i + 1 < fields.size() ? widths[i] : 0);
-    }
-  }
-  line.erase(line.find_last_not_of(' ') + 1);
-  return line + '\n';
-}
-
-std::string OtherThanName(const std::string& text, const Column& column) {
-  return text == column.name ? std::string() : text;
-}
-
-Lines Headings(const Section& section) {
-  Lines lines(2);
-  for (const Column& column : section.columns) {
-    lines[0].push_back(column.name);
-    lines[1].push_back(OtherThanName(column.unit, column));
+// The driver's names, which are those that the instruments show, above the true units.
+std::vector<TextLine> Headings(const GatheredSection& gathered, bool clock) {
+  std::vector<TextLine> lines(2);
+  if (clock) lines = {{"clock"}, {""}};
+  for (std::size_t i = 0; i < gathered.fields.size(); ++i) {
+    lines[0].push_back(gathered.section.columns[i].name);
+    lines[1].push_back(gathered.fields[i].unit.text);
   }
   return lines;
 }
 
+TextLine TextsOf(const GatheredRow& row, bool clock) {
+  TextLine texts;
+  texts.reserve(row.cells.size() + 1);
+  if (clock) texts.push_back(DateText(row.clock));
+  for (const Cell& cell : row.cells) texts.push_back(RoundedText(cell, kTableDigits));
+  return texts;
+}
+
+bool BeginsWithDate(const Section& section) {
+  return !section.columns.empty() && section.columns.front().type == tav::Type::kDateTime;
+}
+
+bool IsList(const GatheredSection& gathered) {
+  const tav::TitleKind kind = gathered.section.title.kind;
+  return gathered.rows.size() == 1 &&
+         (kind == tav::TitleKind::kDatabase || kind == tav::TitleKind::kCurrent);
+}
+
 }  // namespace
 
-TableDocument::TableDocument(std::size_t maxRows, Screen& screen)
-    : mostHead_(maxRows == 0 ? std::numeric_limits<std::size_t>::max() : (maxRows + 1) / 2),
-      mostTail_(maxRows / 2),
-      screen_(screen) {}
-
-void TableDocument::BeginSection(const Section&) {
-  count_ = 0;
-  head_.clear();
-  tail_.clear();
+std::string TableDocument::Table(const GatheredSection& gathered) const {
+  const std::vector<GatheredRow>& rows = gathered.rows;
+  const bool clock = RowsTakeTitleTime(gathered.section);
+  const bool whole = maxRows_ == 0 || rows.size() <= maxRows_;
+  const std::size_t head = whole ? rows.size() : (maxRows_ + 1) / 2;
+  const std::size_t tail = whole ? rows.size() : rows.size() - maxRows_ / 2;
+  FoldedTable table;
+  table.headings = Headings(gathered, clock);
+  for (std::size_t i = 0; i < head; ++i) table.rows.push_back(TextsOf(rows[i], clock));
+  for (std::size_t i = tail; i < rows.size(); ++i) table.rows.push_back(TextsOf(rows[i], clock));
+  table.leftOut = tail - head;
+  table.leftOutAt = head;
+  table.keyed = clock || BeginsWithDate(gathered.section);
+  table.width = width_;
+  return host::TextOf(table);
 }
 
-void TableDocument::AddRow(const Section&, const Cells& cells) {
-  ++count_;
-  Fields fields = FieldsOf(cells);
-  if (head_.size() < mostHead_) {
-    head_.push_back(std::move(fields));
-    return;
-  }
-  tail_.push_back(std::move(fields));
-  if (tail_.size() > mostTail_) tail_.pop_front();
-}
-
-// Name, value, unit and caption of each column below each other.
-std::string TableDocument::List(const Section& section) const {
-  Lines lines;
-  Fields values = head_.front();
-  values.resize(std::max(values.size(), section.columns.size()));
-  for (std::size_t i = 0; i < section.columns.size(); ++i) {
-    const Column& column = section.columns[i];
-    lines.push_back({column.name, values[i], OtherThanName(column.unit, column),
-                     OtherThanName(column.caption, column)});
-  }
-  if (values.size() > section.columns.size()) lines.push_back({kUndescribed, values.back()});
-  const std::vector<std::size_t> widths = Widths(lines);
+std::string TableDocument::Lines(const SectionAccount& account, const std::string& before) const {
   std::string text;
-  for (const Fields& line : lines) text += Join(line, widths, line.size(), line.size());
+  const std::size_t most = maxRows_ == 0 ? kAllRanges : kMostRanges;
+  for (const std::string& line : AccountLines(account, most)) text += before + line + '\n';
   return text;
 }
 
-// Names and units above the rows; the two halves of a shortened table are aligned with each other.
-std::string TableDocument::Table(const Section& section) const {
-  Lines lines = Headings(section);
-  const std::size_t gap = lines.size() + head_.size();
-  lines.insert(lines.end(), head_.begin(), head_.end());
-  lines.insert(lines.end(), tail_.begin(), tail_.end());
-  const std::vector<std::size_t> widths = Widths(lines);
-  const std::size_t left = count_ - head_.size() - tail_.size();
-  std::string text;
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    if (i == gap && left > 0) text += fmt::format("  ... {} more ...\n", left);
-    text += Join(lines[i], widths, 1, section.columns.size());
+std::string TableDocument::TextOf(const GatheredSection& gathered) const {
+  std::string text = SectionHeading(gathered.section);
+  if (IsList(gathered)) {
+    text += '\n' + List(gathered);
+  } else {
+    text += " (" + CountOf(gathered.rows.size(), "row") + ")\n";
+    if (!gathered.rows.empty()) text += Table(gathered);
   }
-  return text;
+  return gathered.account ? text + Lines(*gathered.account, "  ") : text;
 }
 
-std::string TableDocument::Text(const Section& section) const {
-  const std::string heading = SectionHeading(section);
-  const tav::TitleKind kind = section.title.kind;
-  const bool single = kind == tav::TitleKind::kDatabase || kind == tav::TitleKind::kCurrent;
-  if (count_ == 1 && single) return heading + '\n' + List(section);
-  const std::string counted = heading + " (" + CountOf(count_, "row") + ")\n";
-  return count_ == 0 ? counted : counted + Table(section);
+std::string TableDocument::NeverCame(const GatheredRun& run) const {
+  std::string text;
+  for (const SectionAccount& account : run.neverCame) {
+    text += Lines(account, SectionName(account.kind, account.section) + ": ");
+  }
+  return text.empty() ? text : '\n' + text;
 }
 
-void TableDocument::EndSection(const Section& section) {
-  if (!text_.empty()) text_ += '\n';
-  text_ += Text(section);
+void TableDocument::Show(const GatheredRun& run) {
+  std::string text;
+  for (const GatheredSection& gathered : run.sections) {
+    if (!text.empty()) text += '\n';
+    text += TextOf(gathered);
+  }
+  text += NeverCame(run);
+  const std::string warning = ClockWarning(run.end);
+  if (!warning.empty()) text += '\n' + warning + '\n';
+  if (!run.sections.empty()) text += std::string("\ntimes: ") + kTimes + '\n';
+  screen_.PrintResult(text);
 }
-
-void TableDocument::EndRun(const RunEnd&) { screen_.PrintResult(text_); }
 
 }  // namespace host

@@ -1,42 +1,33 @@
-// Sections for people, shown at the end of a run: one row of many values as a list, several rows as
-// an aligned table.
+// Sections for people: one row of many values as a list, several rows as an aligned table. Numbers
+// are rounded, and wide tables folded, for display only.
 #pragma once
 
 #include <cstddef>
-#include <deque>
 #include <string>
-#include <vector>
 
+#include "host/output/gathered_run.h"
 #include "host/output/screen.h"
-#include "host/reading/run_listener.h"
 
 namespace host {
 
-class TableDocument final : public RunListener {
+class TableDocument final : public Document {
  public:
   // At most maxRows rows of a section, the first and the last ones, with the number of those left
-  // out; 0 means all. screen must outlive it.
-  TableDocument(std::size_t maxRows, Screen& screen);
-  void BeginSection(const Section& section) override;
-  void AddRow(const Section& section, const Cells& cells) override;
-  void EndSection(const Section& section) override;
-  void EndRun(const RunEnd& end) override;
+  // out; 0 means all, of the ranges of what is missing too. width: of the screen, in characters.
+  // screen must outlive it.
+  TableDocument(std::size_t maxRows, std::size_t width, Screen& screen)
+      : maxRows_(maxRows), width_(width), screen_(screen) {}
+  void Show(const GatheredRun& run) override;
 
  private:
-  using Fields = std::vector<std::string>;
+  std::string Table(const GatheredSection& gathered) const;
+  std::string TextOf(const GatheredSection& gathered) const;
+  std::string Lines(const SectionAccount& account, const std::string& before) const;
+  std::string NeverCame(const GatheredRun& run) const;
 
-  std::string Text(const Section& section) const;
-  std::string List(const Section& section) const;
-  std::string Table(const Section& section) const;
-
-  std::size_t mostHead_;
-  std::size_t mostTail_;
+  std::size_t maxRows_;
+  std::size_t width_;
   Screen& screen_;
-  std::string text_;
-  // The open section: its rows as texts.
-  std::size_t count_ = 0;
-  std::vector<Fields> head_;
-  std::deque<Fields> tail_;
 };
 
 }  // namespace host

@@ -3,16 +3,35 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "host/stream/cell.h"
 
 namespace host {
 
+std::string SectionName(tav::TitleKind kind, const std::string& section) {
+  return fmt::format("{}{}{}", KindName(kind), section.empty() ? "" : " ", section);
+}
+
 std::string SectionHeading(const Section& section) {
   const Title& title = section.title;
-  return fmt::format("{}{}{}: {} {}, number {}, clock {}", KindName(title.kind),
-                     title.section.empty() ? "" : " ", title.section, title.model, title.version,
-                     title.number, DateText(title.time));
+  return fmt::format("{}: {} {}, number {}, clock {}", SectionName(title.kind, title.section),
+                     title.model, title.version, title.number, DateText(title.time));
+}
+
+std::vector<std::string> AccountLines(const SectionAccount& account, std::size_t most) {
+  std::vector<std::string> lines;
+  for (const std::string& line : {MissingText(account, most), NotHeldText(account, most)}) {
+    if (!line.empty()) lines.push_back(line);
+  }
+  return lines;
+}
+
+std::string ClockWarning(const RunEnd& end) {
+  if (!end.clock || !end.clock->beyond) return {};
+  const long long difference = end.clock->difference;
+  return fmt::format("the instrument's clock is {} s {} this machine's", std::abs(difference),
+                     difference < 0 ? "behind" : "ahead of");
 }
 
 std::string CountOf(std::size_t count, const char* what) {

@@ -3,13 +3,29 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
+#include "host/output/ranges.h"
+#include "host/reading/run_listener.h"
 #include "host/stream/section.h"
 
 namespace host {
 
+// What the times of every output are.
+inline constexpr const char* kTimes = "instrument clock, no zone";
+
+// "hours ТВ1"; "hours" without a part of the instrument.
+std::string SectionName(tav::TitleKind kind, const std::string& section);
+
 // "hours ТВ1: УРМ523 V3, number 12345, clock 2016-09-04 13:05:09".
 std::string SectionHeading(const Section& section);
+
+// What is missing and what the instrument does not hold: a line each, none where there is nothing
+// to say. most: ranges of dates in a line.
+std::vector<std::string> AccountLines(const SectionAccount& account, std::size_t most = kAllRanges);
+
+// "the instrument's clock is 130 s ahead of this machine's"; empty unless that is too much.
+std::string ClockWarning(const RunEnd& end);
 
 // "1 row", "2 rows".
 std::string CountOf(std::size_t count, const char* what);

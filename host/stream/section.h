@@ -59,9 +59,4 @@ const char* KindName(tav::TitleKind kind);
 // The same for sections that go on where an earlier one ended: kind and part of the instrument.
 std::string SectionKey(const Section& section);
 
-// Column names in order and names after them for what no column describes, "undescribed", all
-// distinct: where one repeats, or is taken, "#2" follows, "#3" and so on.
-std::vector<std::string> DistinctNames(const Section& section,
-                                       const std::vector<std::string>& taken = {});
-
 }  // namespace host

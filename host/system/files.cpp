@@ -4,7 +4,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <system_error>
 
 #include "host/system/console.h"
 
@@ -20,9 +19,13 @@ std::string PathText(const std::filesystem::path& path) {
 }
 
 std::runtime_error FileError(const char* action, const std::filesystem::path& path) {
-  const int reason = errno;
-  return std::runtime_error(fmt::format("cannot {} {}: {}", action, PathText(path),
-                                        ErrorText({reason, std::generic_category()})));
+  return FileError(action, path, {errno, std::generic_category()});
+}
+
+std::runtime_error FileError(const char* action, const std::filesystem::path& path,
+                             const std::error_code& reason) {
+  return std::runtime_error(
+      fmt::format("cannot {} {}: {}", action, PathText(path), ErrorText(reason)));
 }
 
 void WriteStandardOutput(const std::string& text) {

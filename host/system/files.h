@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 
 namespace host {
 
@@ -12,6 +13,9 @@ std::string PathText(const std::filesystem::path& path);
 
 // "cannot write x.csv: No space left on device", with the reason that the last call left.
 std::runtime_error FileError(const char* action, const std::filesystem::path& path);
+// The same with the reason that a call returned.
+std::runtime_error FileError(const char* action, const std::filesystem::path& path,
+                             const std::error_code& reason);
 
 // All of it, at once. Throws std::runtime_error when it cannot be written.
 void WriteStandardOutput(const std::string& text);

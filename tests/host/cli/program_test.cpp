@@ -29,7 +29,7 @@ TEST_CASE("a reading's folder is the one that decoding its raw file gives") {
         host::kSuccess);
   CHECK(host::RunProgram({"decode", raw, "--out", (scratch / "decoded").string()}) ==
         host::kSuccess);
-  for (const char* name : {"index.csv", "02-months-ov.csv"}) {
+  for (const char* name : {"columns.csv", "02-months-ov.csv"}) {
     CHECK(!scratch.Load(std::string("read/") + name).empty());
     CHECK(scratch.Load(std::string("read/") + name) ==
           scratch.Load(std::string("decoded/") + name));
@@ -43,6 +43,11 @@ TEST_CASE("a reading's folder is the one that decoding its raw file gives") {
                           raw + "2/"}) == host::kWrongUsage);
   CHECK(host::RunProgram({"read", "--simulate", "521", "--groups", "B", "--raw", raw, "--force"}) ==
         host::kSuccess);
+  CHECK(host::RunProgram({"decode", raw, "--out", (scratch / "decoded").string()}) ==
+        host::kWrongUsage);
+  CHECK(host::RunProgram({"decode", raw, "--force", "--units", "mwh,kpa", "--out",
+                          (scratch / "decoded").string()}) == host::kSuccess);
+  CHECK(scratch.Load("decoded/02-months-ov.csv").find(",q_mwh,") != std::string::npos);
   scratch.Save("cut", scratch.Load("raw") + "x");
   CHECK(host::RunProgram({"decode", (scratch / "cut").string()}) == host::kFailed);
   CHECK(host::RunProgram({"decode", (scratch / "none").string()}) == host::kFailed);

@@ -6,7 +6,6 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
-#include "host/output/json_document.h"
 #include "host/reading/kept_stream.h"
 #include "tests/host/scratch_folder.h"
 #include "tests/host/stream_writer.h"
@@ -67,6 +66,7 @@ std::string Shown(const Pieces& pieces, const host::SinkOptions& options) {
 }  // namespace
 
 TEST_CASE("what is shown of a stream") {
+  const std::string times = "times: instrument clock, no zone\n";
   const std::string hours = "hours ТВ1: M V1, number 7, clock 2016-09-04 00:00:00";
   const std::string current = "current: M V1, number 7, clock 2016-09-04 00:00:00";
   const std::string twoHours =
@@ -74,6 +74,8 @@ TEST_CASE("what is shown of a stream") {
       "                       'C, m\n"
       "  2016-09-04 00:00:00      0  a,\"b\n"
       "  2016-09-04 01:00:00    0.1  a,\"b\n";
+  host::SinkOptions excel = Options(Format::kCsv, 0);
+  excel.dialect = host::kExcelRuCsv;
   struct Case {
     const char* name;
     Pieces pieces;
@@ -81,40 +83,98 @@ TEST_CASE("what is shown of a stream") {
     std::string text;
   };
   const Case cases[] = {
-      {"CSV quotes what needs it and names captions and units", Hours(2), Options(Format::kCsv, 0),
-       "# " + hours +
-           "\nDT,\"t1, 'C, m\",NS (НС)\n"
+      {"CSV quotes what needs it and tells the driver's names", Hours(2), Options(Format::kCsv, 0),
+       "# " + times + "\n# " + hours +
+           "\n# DT,\"t1, 'C, m\",NS (НС)\nx_dt,x_t1,x_ns\n"
            "2016-09-04 00:00:00,0,\"a,\"\"b\"\n2016-09-04 01:00:00,0.1,\"a,\"\"b\"\n"},
+      {"CSV for a spreadsheet set to Russian", Hours(2), excel,
+       "\xEF\xBB\xBF# times: instrument clock, no zone\r\n\r\n# " + hours +
+           "\r\n# DT;t1, 'C, m;NS (НС)\r\nx_dt;x_t1;x_ns\r\n"
+           "2016-09-04 00:00:00;0;\"a,\"\"b\"\r\n2016-09-04 01:00:00;0,1;\"a,\"\"b\"\r\n"},
       {"long tables show their first and last rows", Hours(6), Options(Format::kTable, 3),
        hours + " (6 rows)\n" + twoHours +
-           "  ... 3 more ...\n  2016-09-04 05:00:00    0.5  a,\"b\n"},
+           "  ... 3 more ...\n  2016-09-04 05:00:00    0.5  a,\"b\n\n" + times},
+      {"a table of one row", Hours(2), Options(Format::kTable, 1),
+       hours + " (2 rows)\n" + twoHours.substr(0, twoHours.rfind("  2016")) +
+           "  ... 1 more ...\n\n" + times},
       {"a table that just fits", Hours(2), Options(Format::kTable, 2),
-       hours + " (2 rows)\n" + twoHours},
+       hours + " (2 rows)\n" + twoHours + '\n' + times},
       {"one row of current values is a list", Odd(), Options(Format::kTable, 3),
-       current + "\n  Q            2.5   kW  НС\n  b            1\n  undescribed  0xFF\n"},
+       current +
+           "\n  x_q          2.5   kW  НС\n  x_b          1         b\n"
+           "  undescribed  0xFF\n\n" +
+           times},
       {"rows of unlike length as CSV", Odd().Row({Float(2)}), Options(Format::kCsv, 0),
-       "# " + current +
-           "\nclock,\"Q (НС), kW\",b,undescribed bytes\n"
+       "# " + times + "\n# " + current +
+           "\n# clock,\"Q (НС), kW\",b,undescribed\nclock,x_q,x_b,undescribed\n"
            "2016-09-04 00:00:00,2.5,1,0xFF\n2016-09-04 00:00:00,2,\n"},
       {"rows of unlike length as a table", Odd().Row({Float(2)}), Options(Format::kTable, 0),
-       current + " (2 rows)\n  Q    b\n  kW\n  2.5  1  0xFF\n  2\n"},
+       current +
+           " (2 rows)\n  clock                  Q  b\n                        kW\n"
+           "  2016-09-04 00:00:00  2.5  1  0xFF\n  2016-09-04 00:00:00    2\n\n" +
+           times},
       {"followed as CSV", Followed(), Options(Format::kCsv, 0, true),
-       "clock,\"Q, kW\"\n2016-09-04 13:05:01,1\n2016-09-04 13:05:02,2\n\n"
-       "DT,\"t1, 'C, m\",NS (НС)\n2016-09-04 00:00:00,0,\"a,\"\"b\"\n"},
+       "clock,x_q\n2016-09-04 13:05:01,1\n2016-09-04 13:05:02,2\n\n"
+       "x_dt,x_t1,x_ns\n2016-09-04 00:00:00,0,\"a,\"\"b\"\n"},
       {"followed as JSON", Followed(), Options(Format::kJson, 0, true),
-       "{\"kind\":\"current\",\"section\":\"\",\"clock\":\"2016-09-04 13:05:01\",\"Q\":1.0}\n"
-       "{\"kind\":\"current\",\"section\":\"\",\"clock\":\"2016-09-04 13:05:02\",\"Q\":2.0}\n"
-       "{\"kind\":\"hours\",\"section\":\"ТВ1\",\"clock\":\"2016-09-04 00:00:00\","
-       "\"DT\":\"2016-09-04 00:00:00\",\"t1\":0.0,\"NS\":\"a,\\\"b\"}\n"},
+       "{\"kind\":\"current\",\"section\":\"\",\"model\":\"M\",\"number\":\"7\","
+       "\"clock\":\"2016-09-04 13:05:01\",\"x_q\":1.0}\n"
+       "{\"kind\":\"current\",\"section\":\"\",\"model\":\"M\",\"number\":\"7\","
+       "\"clock\":\"2016-09-04 13:05:02\",\"x_q\":2.0}\n"
+       "{\"kind\":\"hours\",\"section\":\"ТВ1\",\"model\":\"M\",\"number\":\"7\","
+       "\"clock\":\"2016-09-04 00:00:00\",\"x_dt\":\"2016-09-04 00:00:00\",\"x_t1\":0.0,"
+       "\"x_ns\":\"a,\\\"b\"}\n"},
       {"followed as a table", Odd(), Options(Format::kTable, 0, true),
        current + "\nclock                          Q            b\n" + std::string(30, ' ') +
-           "kW            b\n2016-09-04 00:00:00          2.5            1  0xFF\n"},
-      {"no section as JSON", {}, Options(Format::kJson, 0), "{\n \"sections\": []\n}\n"},
+           "kW             \n2016-09-04 00:00:00          2.5            1  0xFF\n"},
+      {"no section as JSON",
+       {},
+       Options(Format::kJson, 0),
+       "{\n \"time\": \"instrument clock, no zone\",\n \"sections\": []\n}\n"},
   };
   for (const Case& item : cases) {
     INFO(item.name);
     CHECK(Shown(item.pieces, item.options) == item.text);
   }
+}
+
+TEST_CASE("a section that comes in parts is shown as one") {
+  StreamWriter stream;
+  for (const unsigned char hour : Bytes{3, 1, 2, 1}) {
+    stream.Title('H', "").Header("DT", 't', 7).Row({Date(2016, 9, 4, hour)}).End();
+  }
+  for (const Bytes& row : {Text("ab"), Text("cde"), Text("f")}) {
+    stream.Title('B', "");
+    for (std::size_t i = 0; i < row.size(); ++i) stream.Header(std::string(1, 'p'), 'c', 1);
+    stream.Row({row}).End();
+  }
+  CHECK(Shown(stream, Options(Format::kCsv, 0)) ==
+        "# times: instrument clock, no zone\n\n"
+        "# hours: M V1, number 7, clock 2016-09-04 00:00:00\n# \"DT, u\"\nx_dt\n"
+        "2016-09-04 01:00:00\n2016-09-04 02:00:00\n2016-09-04 03:00:00\n\n"
+        "# database: M V1, number 7, clock 2016-09-04 00:00:00\n"
+        "# \"p, u\",\"p, u\",\"p, u\"\nx_p,x_p_2,x_p_3\nc,d,e\n");
+}
+
+TEST_CASE("wide tables fold, and their numbers are rounded") {
+  StreamWriter stream;
+  stream.Title('H', "").Header("DT", 't', 7).Header("v", 'f', 4).Header("w", 'd', 8);
+  stream.Header("x", 'f', 4).Header("c", 'L', 4);
+  const Bytes wide = {0x9A, 0x99, 0x99, 0x49, 0xD6, 0x12, 0x73, 0x41};  // 20000100.6
+  stream.Row({Date(2016, 9, 4, 1) + Float(0.123456789F) + wide + Float(1e-7F) + Bytes{1, 2, 3, 4}});
+  stream.Row({Date(2016, 9, 4, 2) + Float(-12.345678F)});
+  host::SinkOptions options = Options(Format::kTable, 0);
+  options.width = 42;
+  CHECK(Shown(stream, options) ==
+        "hours: M V1, number 7, clock 2016-09-04 00:00:00 (2 rows)\n"
+        "  DT                          v         w\n"
+        "  u                           u         u\n"
+        "  2016-09-04 01:00:00  0.123457  20000101\n"
+        "  2016-09-04 02:00:00  -12.3457\n\n"
+        "  DT                       x         c\n"
+        "  u                        u         u\n"
+        "  2016-09-04 01:00:00  1e-07  67305985\n\n"
+        "times: instrument clock, no zone\n");
 }
 
 TEST_CASE("JSON keeps single precision short and has no numbers that JSON lacks") {
@@ -123,22 +183,24 @@ TEST_CASE("JSON keeps single precision short and has no numbers that JSON lacks"
   stream.Row({Float(0.1F) + Float(1) + Float(2), {1}});
   stream.Row({Float(std::numeric_limits<float>::infinity())}).Row({Float(1e30F)});
   KeptScreen kept;
-  host::JsonDocument document(kept.screen);
-  document.BeginRun({host::ReadSettings{}, "", {}});
-  host::Decoder decoder(document);
+  const auto sinks = host::MakeSinks(Options(Format::kJson, 0), kept.screen);
+  sinks->BeginRun({host::ReadSettings{}, "", {}});
+  host::Decoder decoder(*sinks);
   for (const Bytes& piece : Pieces(stream)) decoder.Take(piece);
   decoder.Finish();
-  document.EndRun({host::Ending::kFailed, "why\xFF", {}});
+  sinks->EndRun({host::Ending::kFailed, "why\xFF", {}});
   const auto json = nlohmann::ordered_json::parse(kept.text);
   CHECK(json.dump(1) + '\n' == kept.text);
   CHECK(json["result"] == "failed");
   CHECK(json["reason"] == "why�");
-  CHECK(
-      json["sections"][0]["columns"][2].dump() ==
-      R"({"name":"n","type":"я","width":4,"unit":"u","role":"d","caption":"n","group":"default"})");
+  CHECK(json["sections"][0]["columns"][2].dump() ==
+        R"({"field":"x_n","quantity":null,"pipe":null,"span":null,"unit":"u","name":"n",)"
+        R"("caption":"n","driver_unit":"u","type":"я","width":4,"role":"d","group":"default"})");
   CHECK(json["sections"][0]["rows"].dump() ==
-        R"([{"a":0.1,"a#2":"0x0000803F","n":"0x00000040","undescribed":"0x01"},)"
-        R"({"a":null,"a#2":null,"n":null},{"a":1e+30}])");
+        R"([{"clock":"2016-09-04 00:00:00","x_a":0.1,"x_a_2":"0x0000803F",)"
+        R"("x_n":"0x00000040","undescribed":"0x01"},)"
+        R"({"clock":"2016-09-04 00:00:00","x_a":null},)"
+        R"({"clock":"2016-09-04 00:00:00","x_a":1e+30}])");
 }
 
 TEST_CASE("every format costs in proportion to its input") {
@@ -158,26 +220,104 @@ TEST_CASE("a folder gets a file per section, and sections that come again go on 
   const ScratchFolder scratch;
   StreamWriter stream;
   AddCurrent(AddHours(AddCurrent(stream, 1, 1), 1), 2, 2);
-  for (int i = 0; i < 60; ++i) stream.Title('M', std::to_string(i)).End();
+  for (int i = 0; i < 60; ++i) stream.Title('M', std::string(250, 'x') + std::to_string(i)).End();
   host::SinkOptions options;
   options.out = (scratch / "out").string();
   options.raw = (scratch / "raw").string();
   Shown(stream, options);
   CHECK(scratch.Load("out/01-current.csv") ==
-        "clock,\"Q, kW\"\n2016-09-04 13:05:01,1\n2016-09-04 13:05:02,2\n");
+        "clock,x_q\n2016-09-04 13:05:01,1\n2016-09-04 13:05:02,2\n");
   CHECK(scratch.Load("out/02-hours-tv1.csv") ==
-        "DT,\"t1, 'C, m\",NS (НС)\n2016-09-04 00:00:00,0,\"a,\"\"b\"\n");
-  CHECK(scratch.Load("out/62-months-59.csv") == "\n");
+        "x_dt,x_t1,x_ns\n2016-09-04 00:00:00,0,\"a,\"\"b\"\n");
+  CHECK(scratch.Load("out/62-months-" + std::string(60, 'x') + ".csv") == "\n");
   CHECK(scratch.Load("out/index.csv")
-            .starts_with("file,kind,section,model,version,number,clock\n"
-                         "01-current.csv,current,,M,V1,7,2016-09-04 13:05:01\n"
-                         "02-hours-tv1.csv,hours,ТВ1,M,V1,7,2016-09-04 00:00:00\n"
-                         "03-months-0.csv,months,0,"));
+            .starts_with("file,kind,section,model,version,number,clock,expected,received,not_held,"
+                         "failed,missing,clock_difference_s,times\n"
+                         "01-current.csv,current,,M,V1,7,2016-09-04 13:05:01,,,,,,,"
+                         "\"instrument clock, no zone\"\n"
+                         "02-hours-tv1.csv,hours,ТВ1,M,V1,7,2016-09-04 00:00:00,"));
+  CHECK(scratch.Load("out/columns.csv") ==
+        "file,column,field,quantity,pipe,unit,driver_name,caption,driver_unit\n"
+        "01-current.csv,2,x_q,,,kW,Q,Q,kW\n02-hours-tv1.csv,1,x_dt,,,,DT,DT,\n"
+        "02-hours-tv1.csv,2,x_t1,,,\"'C, m\",t1,t1,\"'C, m\"\n02-hours-tv1.csv,3,x_ns,,,,NS,НС,\n");
   std::string trouble;
   CHECK(host_test::Loaded(scratch / "raw", trouble) == Pieces(stream));
   scratch.Save("file", "");
   options.out = (scratch / "file").string();
   CHECK_THROWS_AS(Shown(stream, options), std::runtime_error);
+}
+
+TEST_CASE("a folder that is not empty is refused, or its earlier reading replaced") {
+  const ScratchFolder scratch;
+  host::SinkOptions options;
+  options.out = (scratch / "out").string();
+  options.dialect = host::kExcelRuCsv;
+  Shown(Hours(1), options);
+  const std::string first = scratch.Load("out/index.csv");
+  scratch.Save("out/notes.txt", "mine");
+  CHECK_THROWS_AS(Shown(Hours(2), options), host::UsageError);
+  CHECK(scratch.Load("out/index.csv") == first);
+  options.force = true;
+  Shown(StreamWriter().Title('M', "").End(), options);
+  CHECK(!std::filesystem::exists(scratch / "out/01-hours-tv1.csv"));
+  CHECK(std::filesystem::exists(scratch / "out/01-months.csv"));
+  CHECK(scratch.Load("out/notes.txt") == "mine");
+  for (const char* foreign : {"out/own.csv", "out/02-days.csv"}) {
+    scratch.Save(foreign, "mine");
+    CHECK_THROWS_AS(Shown(Hours(2), options), host::UsageError);
+    std::filesystem::remove(scratch / foreign);
+  }
+  // Whatever an index names, nothing outside the folder goes.
+  scratch.Save("out/index.csv", "file,kind\n../kept.csv,hours\n01-months.csv,months\n");
+  scratch.Save("kept.csv", "mine");
+  Shown(Hours(2), options);
+  CHECK(scratch.Load("kept.csv") == "mine");
+  std::filesystem::remove(scratch / "out/index.csv");
+  CHECK_THROWS_AS(Shown(Hours(2), options), host::UsageError);
+}
+
+TEST_CASE("what is missing stands in every output") {
+  const ScratchFolder scratch;
+  const host::DateRange range{{2016, 9, 1, 3, 0, 0}, {2016, 9, 1, 5, 0, 0}};
+  host::RunEnd end{host::Ending::kGaps, "", {}};
+  end.accounts = {{tav::TitleKind::kHourly, "ТВ1", 9, 5, 1, 3, {}, {range}, "no reply"},
+                  {tav::TitleKind::kDaily, "ТВ2", 2, 0, 2, 0, {range}, {}, ""}};
+  end.clock = {{}, {}, -130, true};
+  const auto shown = [&](const host::SinkOptions& options) {
+    KeptScreen kept;
+    const auto sinks = host::MakeSinks(options, kept.screen);
+    sinks->BeginRun({host::ReadSettings{}, "tcp:a:1", {}});
+    host::Decoder decoder(*sinks);
+    for (const Bytes& piece : Hours(0)) decoder.Take(piece);
+    sinks->EndRun(end);
+    return kept.text;
+  };
+  const std::string missing = "missing 3 of 9: 2016-09-01 03:00 to 05:00 (no reply)\n";
+  const std::string hours = "hours ТВ1: M V1, number 7, clock 2016-09-04 00:00:00";
+  const std::string notHeld = "days ТВ2: the instrument does not hold 2 of 2: 2016-09-01\n";
+  const std::string clock = "the instrument's clock is 130 s behind this machine's\n";
+  const std::string times = "times: instrument clock, no zone\n";
+  CHECK(shown(Options(Format::kTable, 3)) == hours + " (0 rows)\n  " + missing +
+                                                 "  the instrument does not hold 1 of 9\n\n" +
+                                                 notHeld + '\n' + clock + '\n' + times);
+  CHECK(shown(Options(Format::kCsv, 3)) ==
+        "# " + times + "# " + clock + "\n# " + hours +
+            "\n# DT,\"t1, 'C, m\",NS (НС)\nx_dt,x_t1,x_ns\n# " + missing +
+            "# the instrument does not hold 1 of 9\n\n# " + notHeld);
+  const auto json = nlohmann::ordered_json::parse(shown(Options(Format::kJson, 3)));
+  CHECK(json["result"] == "gaps");
+  CHECK(json["asked"]["groups"] == "BTMSHE");
+  CHECK(json["clock_difference_s"] == -130);
+  CHECK(json["completeness"][0].dump() ==
+        R"({"kind":"hours","section":"ТВ1","expected":9,"received":5,"not_held":1,"failed":3,)"
+        R"("missing":[{"from":"2016-09-01 03:00","to":"2016-09-01 05:00"}],"absent":[],)"
+        R"("reason":"no reply"})");
+  host::SinkOptions options;
+  options.out = (scratch / "out").string();
+  shown(options);
+  const std::string index = scratch.Load("out/index.csv");
+  CHECK(index.find(",9,5,1,3,2016-09-01 03:00 to 05:00,-130,") != std::string::npos);
+  CHECK(index.find("\n,days,ТВ2,,,,,2,0,2,0,,-130,") != std::string::npos);
 }
 
 TEST_CASE("what is shown is kept first, and rows show at the next moment of keeping") {
@@ -192,7 +332,7 @@ TEST_CASE("what is shown is kept first, and rows show at the next moment of keep
   decoder.Pause();
   CHECK(kept.text == "");
   sinks->Keep();
-  CHECK(kept.text == "clock,\"Q, kW\"\n2016-09-04 13:05:01,1\n");
+  CHECK(kept.text == "clock,x_q\n2016-09-04 13:05:01,1\n");
   CHECK(scratch.Load("out/01-current.csv") == kept.text);
 }
 

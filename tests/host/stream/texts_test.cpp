@@ -17,13 +17,3 @@ TEST_CASE("kinds have names, whatever byte stands for them") {
   }
   CHECK(names == "current hours days months log database section ");
 }
-
-TEST_CASE("names of a row's values are distinct") {
-  host::Section section;
-  for (const char* name : {"a", "a#2", "a", "a", "undescribed", "clock"}) {
-    section.columns.emplace_back().name = name;
-  }
-  using Names = std::vector<std::string>;
-  CHECK(host::DistinctNames(section, {"clock"}) ==
-        Names{"a", "a#2", "a#3", "a#4", "undescribed", "clock#2", "undescribed#2"});
-}
