@@ -52,6 +52,11 @@ void ReadParser::AddReading(CLI::App& app) {
   app.add_option("--attempts", settings.attempts, "attempts at each request")
       ->check(WholeNumber(1, 1000))
       ->default_str(std::to_string(settings.attempts));
+  app.add_option("--retry-gaps", settings.retryGaps,
+                 "how often missing records are asked for again after the reading")
+      ->check(CLI::Range(0, 100))
+      ->option_text("N")
+      ->default_str(std::to_string(settings.retryGaps));
   app.add_flag("--double-read", settings.doubleRead, "read each archive record twice and compare");
   app.add_flag("--validity", settings.validity,
                "the driver's validity test, under which it takes no archive record");
@@ -80,7 +85,8 @@ void ReadParser::AddTo(CLI::App& app) {
       "  irvela read --port /dev/ttyUSB0 --out readings --raw reading.raw -v\n"
       "  irvela read --port /dev/ttyUSB0 --groups T --follow\n"
       "Ctrl-C ends a reading and keeps what was read; a second one ends the program at once.\n"
-      "Exit code: 0 read, 1 the reading failed, 2 wrong usage, 130 interrupted.");
+      "Exit code: 0 everything read that the instrument has, 3 read with gaps, 1 the reading\n"
+      "failed, 2 wrong usage, 130 interrupted, 143 terminated, 129 hung up.");
 }
 
 void ReadParser::FinishLine() {

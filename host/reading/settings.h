@@ -45,7 +45,7 @@ struct ReadSettings {
   bool validity = false;
   int pause = 0;  // ms
   bool follow = false;
-  int retryGaps = 1;  // how often what is missing is asked for again
+  int retryGaps = 1;  // how often missing records are asked for again
 };
 
 }  // namespace host

@@ -31,6 +31,7 @@ TEST_CASE("wrong usage is told in one line") {
       {"read", "--port", "a", "--number", "256"},
       {"read", "--port", "a", "--kind", "new"},
       {"read", "--port", "a", "--attempts", "0"},
+      {"read", "--port", "a", "--retry-gaps", "101"},
       {"read", "--port", "a", "--format", "xml"},
       {"read", "--port", "a", "--from", "2015-02-29"},
       {"read", "--port", "a", "--from", "2016-09-04", "--to", "2016-09-03"},
