@@ -37,10 +37,10 @@ int RunProgram(const std::vector<std::string>& arguments) {
   try {
     return RunCommand(ParseCommandLine(arguments));
   } catch (const UsageError& error) {
-    fmt::print(stderr, "irvela: {}\n", error.what());
+    WriteStandardError(fmt::format("irvela: {}\n", error.what()));
     return kWrongUsage;
   } catch (const std::exception& error) {
-    fmt::print(stderr, "irvela: {}\n", error.what());
+    WriteStandardError(fmt::format("irvela: {}\n", error.what()));
     return kFailed;
   }
 }

@@ -1,6 +1,4 @@
-#include <fmt/format.h>
-
-#include <cstdio>
+#include <utility>
 
 #include "host/cli/commands.h"
 #include "host/cli/summary.h"
@@ -9,6 +7,7 @@
 #include "host/reading/reading.h"
 #include "host/system/clock.h"
 #include "host/system/console.h"
+#include "host/system/files.h"
 
 namespace host {
 namespace {
@@ -21,7 +20,24 @@ std::unique_ptr<LinePort> Open(const ReadOptions& options, Screen& screen) {
   return OpenLine(options.line, simulated);
 }
 
-StopRequest StopAsked() { return Interrupted() ? StopRequest::kInterrupted : StopRequest::kNone; }
+// Says so when it stops, once.
+class StopAsked {
+ public:
+  explicit StopAsked(Screen& screen) : screen_(screen) {}
+  StopRequest operator()() {
+    if (!Interrupted()) return StopRequest::kNone;
+    if (!std::exchange(told_, true)) screen_.PrintLine("irvela: stopping ...");
+    return StopRequest::kInterrupted;
+  }
+
+ private:
+  Screen& screen_;
+  bool told_ = false;
+};
+
+int CodeOf(const RunEnd& end) {
+  return end.ending == Ending::kInterrupted ? InterruptExitCode() : ExitCodeOf(end);
+}
 
 }  // namespace
 
@@ -34,9 +50,9 @@ int Read(const ReadOptions& options) {
   const auto sinks = MakeSinks(options.sinks, screen);
   CountInterrupts();
   const Run run{options.settings, options.line, LocalNow()};
-  const RunEnd end = RunReading(library, run, *line, *sinks, StopAsked);
-  fmt::print(stderr, "{}{}", IgnoredLine(end.counts), ReadingLine(end, options.sinks.out));
-  return ExitCodeOf(end);
+  const RunEnd end = RunReading(library, run, *line, *sinks, StopAsked(screen));
+  WriteStandardError(IgnoredLine(end.counts) + ReadingLine(end, options.sinks.out));
+  return CodeOf(end);
 }
 
 }  // namespace host

@@ -1,21 +1,11 @@
 #include "host/output/screen.h"
 
-#include <cstdio>
 #include <utility>
 
 #include "host/system/console.h"
 #include "host/system/files.h"
 
 namespace host {
-namespace {
-
-void WriteStandardError(const std::string& text) {
-  std::fwrite(text.data(), 1, text.size(), stderr);
-  std::fflush(stderr);
-}
-
-}  // namespace
-
 Screen::Screen() : Screen(ErrorIsTerminal(), WriteStandardOutput, WriteStandardError) {}
 
 Screen::Screen(bool terminal, Write result, Write error)

@@ -1,36 +1,101 @@
 #include "host/reading/driver_run.h"
 
+#include <future>
+#include <memory>
+#include <optional>
+#include <thread>
+
 #include "host/reading/driver_set_up.h"
+#include "host/reading/gated_port.h"
 
 namespace host {
 namespace {
 
-constexpr std::chrono::milliseconds kPoll{100};
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
 
-// Until the driver's thread has sent its last message. Returns whether it began at all.
-bool Poll(TavDrvV1& driver, tav::Mode kind, const LinePort& line, Receiver& receiver,
-          const AskStop& askStop) {
-  if (driver.Start(static_cast<int>(kind)) == 0) return false;
-  do {
-    receiver.Pulse(driver.GetPr());
-    // The driver forgets a stop that it has answered and may go on with the next part of the
-    // instrument, so it is asked until its thread has ended.
-    if (askStop() != StopRequest::kNone || line.Lost() || receiver.Refused()) driver.Stop();
-  } while (!receiver.WaitForEnd(kPoll));
-  return true;
+constexpr milliseconds kPoll{100};
+// A stop that is not obeyed for so long ends the thread: with the half second that a read of the
+// driver takes, and the half second that Windows gives a thread, the program ends within two.
+constexpr milliseconds kStopLimit{800};
+// More than a thread needs that is not in a pause of the driver.
+constexpr milliseconds kKillLimit{800};
+
+// What the driver's thread touches.
+struct Parts {
+  Parts(const DriverLibrary& library, LinePort& line, RunListener& listener)
+      : receiver(listener), port(line), driver(library.Create(receiver, port)) {}
+
+  Receiver receiver;
+  GatedPort port;
+  DriverPointer driver;
+};
+
+// Ends the thread wherever it is: on Windows at once, so that both locks are kept from it; on POSIX
+// when its pause or its call of the host ends. Returns whether it has ended: Kill itself waits
+// longer for a long pause than a person should.
+bool EndThread(Parts& parts) {
+  const auto line = parts.port.Close();
+  const auto stream = parts.receiver.Close();
+  const auto killed = std::make_shared<std::promise<void>>();
+  std::future<void> ended = killed->get_future();
+  std::thread([driver = parts.driver.get(), killed] {
+    driver->Kill();
+    killed->set_value();
+  }).detach();
+  return ended.wait_for(kKillLimit) == std::future_status::ready;
 }
+
+class Polling {
+ public:
+  Polling(Parts& parts, const LinePort& line, const AskStop& askStop)
+      : parts_(parts), line_(line), askStop_(askStop) {}
+
+  // Until the driver's thread has sent its last message, or does not obey a stop. Returns whether
+  // it obeyed.
+  bool Run() {
+    do {
+      parts_.receiver.Pulse(parts_.driver->GetPr());
+      // The driver forgets a stop that it has answered and may go on with the next part of the
+      // instrument, so it is asked until its thread has ended.
+      if (MustStop() && !Stop()) return false;
+    } while (!parts_.receiver.WaitForEnd(kPoll));
+    return true;
+  }
+
+ private:
+  bool MustStop() const {
+    return askStop_() != StopRequest::kNone || line_.Lost() || parts_.receiver.Refused();
+  }
+  // Returns whether there is hope that it helps.
+  bool Stop() {
+    parts_.driver->Stop();
+    if (!askedAt_) askedAt_ = Clock::now();
+    return Clock::now() - *askedAt_ < kStopLimit;
+  }
+
+  Parts& parts_;
+  const LinePort& line_;
+  const AskStop& askStop_;
+  std::optional<Clock::time_point> askedAt_;
+};
 
 }  // namespace
 
 DriverEnd RunDriver(const DriverLibrary& library, const ReadSettings& settings, LinePort& line,
                     RunListener& listener, const AskStop& askStop) {
-  Receiver receiver(listener);
-  DriverPointer driver = library.Create(receiver, line);
-  SetUpDriver(*driver, settings);
-  const bool begun = Poll(*driver, settings.kind, line, receiver, askStop);
-  driver.reset();  // its thread is gone from here on
-  const StreamCounts counts = receiver.Finish();
-  return {begun, receiver.Status(), counts};
+  auto parts = std::make_unique<Parts>(library, line, listener);
+  SetUpDriver(*parts->driver, settings);
+  DriverEnd end;
+  end.begun = parts->driver->Start(static_cast<int>(settings.kind)) != 0;
+  const bool obeyed = !end.begun || Polling(*parts, line, askStop).Run();
+  const bool ended = obeyed || EndThread(*parts);
+  if (ended) parts->driver.reset();  // its thread is gone from here on
+  end.counts = parts->receiver.Finish();
+  end.status = parts->receiver.Status();
+  // A thread that is still in a pause finds the doors closed when it wakes up, and ends.
+  if (!ended) static_cast<void>(parts.release());  // NOLINT: left to that thread
+  return end;
 }
 
 }  // namespace host

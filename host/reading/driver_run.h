@@ -15,7 +15,9 @@ struct DriverEnd {
 };
 
 // settings: ones that the driver offers. The listener is told all but the beginning and the end of
-// the run. askStop is asked about ten times a second, from this thread.
+// the run. askStop is asked about ten times a second, from this thread. A driver that does not end
+// soon after a stop has its thread ended, so that a stop takes less than two seconds; what was told
+// until then holds, and the status has no end.
 DriverEnd RunDriver(const DriverLibrary& library, const ReadSettings& settings, LinePort& line,
                     RunListener& listener, const AskStop& askStop);
 

@@ -19,7 +19,9 @@ bool Receiver::TellListener(Action action) {
 }
 
 bool Receiver::Message(const char* text1, const char* text2, unsigned code) {
+  if (closed_) return false;
   return TellListener([&] {
+    if (closed_) return;
     const host::Message message{Utf8FromCp1251(text1), Utf8FromCp1251(text2), code};
     // Whatever fails below, the end of the reading must not be missed.
     Learn(message);
@@ -53,8 +55,9 @@ void Receiver::Learn(const host::Message& message) {
 }
 
 bool Receiver::Write(const void* data, unsigned length) {
-  if (refused_) return false;
+  if (refused_ || closed_) return false;
   return TellListener([&] {
+    if (closed_) return;
     const ByteView piece(static_cast<const unsigned char*>(data), length);
     listener_.AddPiece(piece);
     decoder_.Take(piece);
@@ -87,6 +90,12 @@ ReceiverStatus Receiver::Status() const {
 bool Receiver::WaitForEnd(std::chrono::milliseconds limit) {
   std::unique_lock lock(mutex_);
   return ended_.wait_for(lock, limit, [&] { return status_.ended; });
+}
+
+// The driver's thread looks before the lock too: whoever closes keeps the lock for a while.
+std::unique_lock<std::mutex> Receiver::Close() {
+  closed_ = true;
+  return std::unique_lock(telling_);
 }
 
 StreamCounts Receiver::Finish() {

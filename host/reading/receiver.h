@@ -39,6 +39,9 @@ class Receiver final : public HostStream {
   ReceiverStatus Status() const;
   // Whether the reading ended within the time limit.
   bool WaitForEnd(std::chrono::milliseconds limit);
+  // From here on what comes in is not taken. Returns when the call that is under way has returned,
+  // with the lock under which the listener is told.
+  std::unique_lock<std::mutex> Close();
   // Once nothing comes in any more: tells what was left open. No more is told after it.
   StreamCounts Finish();
 
@@ -53,6 +56,7 @@ class Receiver final : public HostStream {
   RunListener& listener_;
   Decoder decoder_;
   std::atomic<bool> refused_ = false;
+  std::atomic<bool> closed_ = false;
 
   mutable std::mutex mutex_;
   std::condition_variable ended_;

@@ -19,9 +19,11 @@ std::string ErrorText(const std::error_code& error);
 // Whether a progress bar can be drawn on the standard error.
 bool ErrorIsTerminal();
 
-// From here on, Ctrl-C and a request to terminate are counted; the second one ends the process at
-// once with exit code 130.
+// From here on, Ctrl-C, a request to terminate and the loss of the terminal are taken note of; the
+// second one ends the process at once, with the exit code of the first.
 void CountInterrupts();
 bool Interrupted();
+// Of the first one: 130, 143 or 129; 0 before it.
+int InterruptExitCode();
 
 }  // namespace host

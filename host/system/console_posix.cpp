@@ -12,11 +12,28 @@
 namespace host {
 namespace {
 
-std::atomic<int> interrupts = 0;
+struct Signal {
+  int number;
+  ExitCode code;
+};
+constexpr Signal kSignals[] = {{SIGINT, kInterrupted}, {SIGTERM, kTerminated}, {SIGHUP, kHungUp}};
+
+std::atomic<int> interruptCode = 0;
 static_assert(std::atomic<int>::is_always_lock_free);
 
-void OnSignal(int) {
-  if (interrupts.fetch_add(1) > 0) std::_Exit(kInterrupted);
+void OnSignal(int number) {
+  for (const Signal& signal : kSignals) {
+    int first = 0;
+    if (signal.number != number) continue;
+    if (!interruptCode.compare_exchange_strong(first, signal.code)) std::_Exit(first);
+  }
+}
+
+// Who starts a program so that it outlives its terminal wants it to stay deaf to the loss of it.
+bool IsHangUpIgnored() {
+  struct sigaction action = {};
+  sigaction(SIGHUP, nullptr, &action);
+  return action.sa_handler == SIG_IGN;
 }
 
 }  // namespace
@@ -26,8 +43,9 @@ void OnSignal(int) {
 void SetUpConsole() {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (fcntl(stream, F_GETFD) >= 0) continue;
-    if (open("/dev/null", stream == STDERR_FILENO ? O_WRONLY : O_RDONLY) < 0) return;
+    if (open("/dev/null", stream == STDERR_FILENO ? O_WRONLY : O_RDONLY) < 0) break;
   }
+  std::signal(SIGPIPE, SIG_IGN);  // a pipe that nobody reads any more takes nothing either
 }
 
 std::vector<std::string> Arguments(int argc, char** argv) {
@@ -43,10 +61,14 @@ void CountInterrupts() {
   action.sa_handler = OnSignal;
   action.sa_flags = SA_RESTART;
   sigemptyset(&action.sa_mask);
-  sigaction(SIGINT, &action, nullptr);
-  sigaction(SIGTERM, &action, nullptr);
+  for (const Signal& signal : kSignals) {
+    if (signal.number == SIGHUP && IsHangUpIgnored()) continue;
+    sigaction(signal.number, &action, nullptr);
+  }
 }
 
-bool Interrupted() { return interrupts > 0; }
+bool Interrupted() { return interruptCode != 0; }
+
+int InterruptExitCode() { return interruptCode; }
 
 }  // namespace host

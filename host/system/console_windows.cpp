@@ -16,10 +16,17 @@
 namespace host {
 namespace {
 
-std::atomic<int> interrupts = 0;
+std::atomic<int> interruptCode = 0;
 
-BOOL WINAPI OnControl(DWORD) {
-  if (interrupts.fetch_add(1) > 0) std::_Exit(kInterrupted);
+// The system ends the process when this returns from the end of a console or a session, and gives
+// it some seconds before: the main thread uses them.
+BOOL WINAPI OnControl(DWORD event) {
+  const bool asked = event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT;
+  int first = 0;
+  if (!interruptCode.compare_exchange_strong(first, asked ? kInterrupted : kTerminated)) {
+    std::_Exit(first);
+  }
+  if (!asked) Sleep(INFINITE);
   return TRUE;
 }
 
@@ -68,6 +75,8 @@ bool ErrorIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
 
 void CountInterrupts() { SetConsoleCtrlHandler(OnControl, TRUE); }
 
-bool Interrupted() { return interrupts > 0; }
+bool Interrupted() { return interruptCode != 0; }
+
+int InterruptExitCode() { return interruptCode; }
 
 }  // namespace host

@@ -33,4 +33,9 @@ void WriteStandardOutput(const std::string& text) {
   if (!whole || std::fflush(stdout) != 0) throw FileError("write", "the standard output");
 }
 
+void WriteStandardError(const std::string& text) {
+  std::fwrite(text.data(), 1, text.size(), stderr);
+  std::fflush(stderr);
+}
+
 }  // namespace host

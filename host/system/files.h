@@ -19,5 +19,7 @@ std::runtime_error FileError(const char* action, const std::filesystem::path& pa
 
 // All of it, at once. Throws std::runtime_error when it cannot be written.
 void WriteStandardOutput(const std::string& text);
+// Whether it can be written or not: a terminal that is gone has nobody to tell.
+void WriteStandardError(const std::string& text);
 
 }  // namespace host

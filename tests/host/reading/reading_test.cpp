@@ -133,6 +133,21 @@ TEST_CASE("a continuous reading goes on until it is interrupted") {
   CHECK(counts.all >= 3);
 }
 
+TEST_CASE("a driver that does not obey a stop has its thread ended") {
+  for (const auto kind : {tav::Mode::kOlder, tav::Mode::kK7}) {
+    Bench bench;
+    bench.settings.kind = kind;
+    bench.settings.number = 7;  // nobody
+    bench.settings.attempts = 1000;
+    int asked = 0;
+    Counts counts;
+    const host::RunEnd end = bench.Read(counts, [&] {
+      return ++asked > 5 ? host::StopRequest::kInterrupted : host::StopRequest::kNone;
+    });
+    CHECK(end.ending == host::Ending::kInterrupted);
+  }
+}
+
 TEST_CASE("settings that the driver does not offer are wrong usage") {
   const host::DriverLibrary library("");
   CHECK_NOTHROW(host::CheckSettings(library, {}));
