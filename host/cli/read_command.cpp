@@ -1,10 +1,14 @@
+#include <fmt/format.h>
+
 #include <utility>
 
 #include "host/cli/commands.h"
 #include "host/cli/summary.h"
 #include "host/line/open_line.h"
+#include "host/output/message_printer.h"
 #include "host/reading/driver_set_up.h"
 #include "host/reading/reading.h"
+#include "host/reading/search.h"
 #include "host/system/clock.h"
 #include "host/system/console.h"
 #include "host/system/files.h"
@@ -39,18 +43,81 @@ int CodeOf(const RunEnd& end) {
   return end.ending == Ending::kInterrupted ? InterruptExitCode() : ExitCodeOf(end);
 }
 
+ReadSettings By(const Way& way, ReadSettings settings) {
+  settings.kind = way.kind;
+  settings.baud = way.baud;
+  return settings;
+}
+
+// Wrong usage is told before a line is opened or a file begun. Returns what is to be tried.
+std::vector<Way> Check(const DriverLibrary& library, const ReadOptions& options) {
+  if (!options.search.Wanted()) {
+    CheckSettings(library, options.settings);
+    return {};
+  }
+  const std::vector<Way> ways = WaysToTry(library, options.settings, options.search);
+  for (const Way& way : ways) CheckSettings(library, By(way, options.settings));
+  return ways;
+}
+
+// One reading, from the search for the instrument to its end.
+class ReadCommand {
+ public:
+  explicit ReadCommand(const ReadOptions& options)
+      : options_(options),
+        library_(options.driver),
+        ways_(Check(library_, options)),
+        line_(Open(options, screen_)),
+        sinks_(MakeSinks(options.sinks, screen_)) {}
+
+  RunEnd Run() {
+    host::Run run{options_.settings, options_.line, LocalNow()};
+    if (!options_.search.Wanted() || Find(*run.settings)) {
+      return RunReading(library_, run, *line_, *sinks_, askStop_);
+    }
+    const RunEnd end = NotFound();
+    sinks_->BeginRun(run);
+    sinks_->EndRun(end);
+    return end;
+  }
+
+ private:
+  // Whether the instrument was found; the settings are its then.
+  bool Find(ReadSettings& settings) {
+    RunListener deaf;
+    MessagePrinter printer(screen_);
+    if (screen_.IsTerminal()) screen_.DrawBar("looking for the instrument ...");
+    const auto found = FindInstrument(library_, settings, ways_, *line_,
+                                      options_.sinks.verbose ? printer : deaf, askStop_);
+    screen_.TakeBarAway();
+    if (!found) return false;
+    settings = By(found->way, settings);
+    screen_.PrintLine(fmt::format("irvela: {} answers: kind {}, {} bit/s", found->model,
+                                  KindName(settings.kind), *settings.baud));
+    return true;
+  }
+
+  RunEnd NotFound() {
+    if (askStop_() != StopRequest::kNone) return {Ending::kInterrupted, "interrupted"};
+    if (!line_->Trouble().empty()) return {Ending::kFailed, line_->Trouble()};
+    return {Ending::kFailed, NobodyAnswers(options_.settings, ways_)};
+  }
+
+  const ReadOptions& options_;
+  const DriverLibrary library_;
+  const std::vector<Way> ways_;  // to be tried, when the instrument is to be found first
+  Screen screen_;
+  const AskStop askStop_ = StopAsked(screen_);
+  const std::unique_ptr<LinePort> line_;
+  const std::unique_ptr<RunListener> sinks_;
+};
+
 }  // namespace
 
 int Read(const ReadOptions& options) {
-  const DriverLibrary library(options.driver);
-  // Wrong usage is told before a line is opened or a file begun.
-  CheckSettings(library, options.settings);
-  Screen screen;
-  const auto line = Open(options, screen);
-  const auto sinks = MakeSinks(options.sinks, screen);
+  ReadCommand command(options);
   CountInterrupts();
-  const Run run{options.settings, options.line, LocalNow()};
-  const RunEnd end = RunReading(library, run, *line, *sinks, StopAsked(screen));
+  const RunEnd end = command.Run();
   WriteStandardError(IgnoredLine(end.counts) + ReadingLine(end, options.sinks.out));
   return CodeOf(end);
 }

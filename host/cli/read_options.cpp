@@ -4,6 +4,7 @@
 
 #include "host/cli/checks.h"
 #include "host/cli/dates.h"
+#include "host/cli/durations.h"
 #include "host/cli/sink_options.h"
 #include "host/line/open_line.h"
 #include "host/system/clock.h"
@@ -39,9 +40,13 @@ void ReadParser::AddReading(CLI::App& app) {
   ReadSettings& settings = read_.settings;
   app.add_option("--number", settings.number, "network number of the instrument")
       ->check(WholeNumber(0, 255));
-  app.add_option("--kind", kind_, "protocol: older (52x, 72x) or k7")
-      ->transform(OneOf({"older", "k7"}));
-  app.add_option("--baud", baud_, "line speed in bit/s")->check(WholeNumber(1, 10000000));
+  app.add_option("--kind", kind_, "protocol: older (52x, 72x), k7, or auto: whichever answers")
+      ->transform(OneOf({"auto", "older", "k7"}))
+      ->option_text("NAME")
+      ->default_str(kind_);
+  app.add_option("--speed,--baud", speed_,
+                 "of the line in bit/s, else the usual one; auto: at which it answers")
+      ->option_text("BAUD");
   app.add_option("--groups", settings.groups, "what to read: " + GroupNames())
       ->option_text("LETTERS")
       ->default_str(settings.groups);
@@ -52,9 +57,13 @@ void ReadParser::AddReading(CLI::App& app) {
   app.add_option("--attempts", settings.attempts, "attempts at each request")
       ->check(WholeNumber(1, 1000))
       ->default_str(std::to_string(settings.attempts));
+  app.add_option("--patience", patience_,
+                 "without anything from the instrument, until the reading ends; 0: for ever")
+      ->option_text("TIME")
+      ->default_str(patience_);
   app.add_option("--retry-gaps", settings.retryGaps,
                  "how often missing records are asked for again after the reading")
-      ->check(CLI::Range(0, 100))
+      ->check(WholeNumber(0, 100))
       ->option_text("N")
       ->default_str(std::to_string(settings.retryGaps));
   app.add_flag("--double-read", settings.doubleRead, "read each archive record twice and compare");
@@ -111,15 +120,33 @@ void ReadParser::FinishPeriod() {
   if (IsEarlier(settings.to, settings.from)) throw UsageError("--from lies after --to");
 }
 
-void ReadParser::Finish() {
-  FinishLine();
+// A simulated instrument's kind is known, and only one kind can be followed.
+void ReadParser::FinishKind() {
   ReadSettings& settings = read_.settings;
-  const bool k7 = kind_.empty() ? model_.starts_with("k7") : kind_ == "k7";
+  const bool any = kind_ == "auto";
+  const bool k7 = any ? model_.starts_with("k7") : kind_ == "k7";
   settings.kind = k7 ? tav::Mode::kK7 : tav::Mode::kOlder;
   if (k7 && settings.follow) throw UsageError("--follow goes with the older kind");
   read_.sinks.follow = settings.follow;
-  if (baud_ > 0) settings.baud = baud_;
+  read_.search.anyKind = any && model_.empty() && !settings.follow;
+}
+
+void ReadParser::FinishSpeed() {
+  read_.search.anySpeed = speed_ == "auto";
+  if (speed_.empty() || read_.search.anySpeed) return;
+  int baud = 0;
+  if (!CLI::detail::lexical_cast(speed_, baud)) {
+    throw UsageError("--speed " + speed_ + ": neither a number of bit/s nor auto");
+  }
+  read_.settings.baud = baud;
+}
+
+void ReadParser::Finish() {
+  FinishLine();
+  FinishKind();
+  FinishSpeed();
   FinishPeriod();
+  read_.settings.patience = RequireDuration("--patience", patience_, std::chrono::seconds(0));
 }
 
 }  // namespace host

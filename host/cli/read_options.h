@@ -5,6 +5,7 @@
 
 #include "host/cli/simulated_options.h"
 #include "host/output/sinks.h"
+#include "host/reading/search.h"
 #include "host/reading/settings.h"
 
 namespace host {
@@ -13,6 +14,7 @@ struct ReadOptions {
   std::string line;  // its address, as OpenLine takes it
   simulator::Settings simulated;
   ReadSettings settings;
+  SearchOptions search;  // what is to be found out first
   SinkOptions sinks;
   std::string driver;  // of the DLL, or empty
 };
@@ -29,6 +31,8 @@ class ReadParser {
   void AddLine(CLI::App& app);
   void AddReading(CLI::App& app);
   void FinishLine();
+  void FinishKind();
+  void FinishSpeed();
   void FinishPeriod();
 
   ReadOptions& read_;
@@ -37,10 +41,11 @@ class ReadParser {
   std::string port_;
   std::string tcp_;
   std::string model_;
-  std::string kind_;
+  std::string kind_ = "auto";
+  std::string speed_;
+  std::string patience_ = "2m";
   std::string from_;
   std::string to_;
-  int baud_ = 0;
 };
 
 }  // namespace host

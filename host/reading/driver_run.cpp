@@ -1,17 +1,18 @@
 #include "host/reading/driver_run.h"
 
+#include <algorithm>
 #include <future>
 #include <memory>
-#include <optional>
 #include <thread>
 
 #include "host/reading/driver_set_up.h"
 #include "host/reading/gated_port.h"
+#include "host/reading/patience.h"
 
 namespace host {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Clock = Patience::Clock;
 using std::chrono::milliseconds;
 
 constexpr milliseconds kPoll{100};
@@ -48,8 +49,8 @@ bool EndThread(Parts& parts) {
 
 class Polling {
  public:
-  Polling(Parts& parts, const LinePort& line, const AskStop& askStop)
-      : parts_(parts), line_(line), askStop_(askStop) {}
+  Polling(Parts& parts, Patience& patience, const LinePort& line, const AskStop& askStop)
+      : parts_(parts), patience_(patience), line_(line), askStop_(askStop) {}
 
   // Until the driver's thread has sent its last message, or does not obey a stop. Returns whether
   // it obeyed.
@@ -62,33 +63,43 @@ class Polling {
     } while (!parts_.receiver.WaitForEnd(kPoll));
     return true;
   }
+  // Whether it stopped because nothing came.
+  bool WaitedInVain() const { return waited_; }
 
  private:
-  bool MustStop() const {
-    return askStop_() != StopRequest::kNone || line_.Lost() || parts_.receiver.Refused();
+  bool MustStop() {
+    if (askStop_() != StopRequest::kNone || line_.Lost() || parts_.receiver.Refused()) return true;
+    waited_ = waited_ || patience_.IsOver(parts_.port.Received(), Clock::now());
+    return waited_;
   }
   // Returns whether there is hope that it helps.
   bool Stop() {
     parts_.driver->Stop();
-    if (!askedAt_) askedAt_ = Clock::now();
-    return Clock::now() - *askedAt_ < kStopLimit;
+    latest_ = std::min(latest_, Clock::now() + kStopLimit);
+    return Clock::now() < latest_;
   }
 
   Parts& parts_;
+  Patience& patience_;
   const LinePort& line_;
   const AskStop& askStop_;
-  std::optional<Clock::time_point> askedAt_;
+  Clock::time_point latest_ = Clock::time_point::max();  // for a stop to be obeyed
+  bool waited_ = false;
 };
 
 }  // namespace
 
 DriverEnd RunDriver(const DriverLibrary& library, const ReadSettings& settings, LinePort& line,
                     RunListener& listener, const AskStop& askStop) {
-  auto parts = std::make_unique<Parts>(library, line, listener);
+  Patience patience(settings, Clock::now());
+  PatientListener patient(listener, patience);
+  auto parts = std::make_unique<Parts>(library, line, patient);
   SetUpDriver(*parts->driver, settings);
   DriverEnd end;
   end.begun = parts->driver->Start(static_cast<int>(settings.kind)) != 0;
-  const bool obeyed = !end.begun || Polling(*parts, line, askStop).Run();
+  Polling polling(*parts, patience, line, askStop);
+  const bool obeyed = !end.begun || polling.Run();
+  end.waited = polling.WaitedInVain();
   const bool ended = obeyed || EndThread(*parts);
   if (ended) parts->driver.reset();  // its thread is gone from here on
   end.counts = parts->receiver.Finish();

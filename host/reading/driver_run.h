@@ -9,7 +9,8 @@
 namespace host {
 
 struct DriverEnd {
-  bool begun = false;  // the driver took the settings and started
+  bool begun = false;   // the driver took the settings and started
+  bool waited = false;  // in vain, as long as the settings' patience, and was stopped
   ReceiverStatus status;
   StreamCounts counts;
 };

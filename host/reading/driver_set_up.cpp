@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include <vector>
+#include <algorithm>
 
 namespace host {
 namespace {
@@ -28,8 +28,7 @@ class NoStream final : public HostStream {
   bool Write(const void*, unsigned) override { return false; }
 };
 
-// bit/s, the usual one first.
-std::vector<int> OfferedSpeeds(TavDrvV1& driver, int kind) {
+std::vector<int> SpeedsOf(TavDrvV1& driver, int kind) {
   std::vector<int> speeds;
   int speed = 0;
   const unsigned count = driver.GetBaud(kind, 1, &speed);
@@ -41,12 +40,10 @@ std::vector<int> OfferedSpeeds(TavDrvV1& driver, int kind) {
 }
 
 void CheckSpeed(TavDrvV1& driver, int kind, int baud) {
-  std::string offered;
-  for (const int speed : OfferedSpeeds(driver, kind)) {
-    if (speed == baud) return;
-    offered += (offered.empty() ? "" : ", ") + std::to_string(speed);
-  }
-  throw UsageError(fmt::format("--baud {}: this kind of instrument offers {}", baud, offered));
+  const std::vector<int> offered = SpeedsOf(driver, kind);
+  if (std::count(offered.begin(), offered.end(), baud) > 0) return;
+  throw UsageError(
+      fmt::format("--speed {}: this kind of instrument offers {}", baud, fmt::join(offered, ", ")));
 }
 
 void CheckNumber(TavDrvV1& driver, int kind, int number) {
@@ -72,6 +69,12 @@ void SetParameter(TavDrvV1& driver, tav::Parameter parameter, int value) {
 
 }  // namespace
 
+std::vector<int> OfferedSpeeds(const DriverLibrary& library, tav::Mode kind) {
+  NoStream stream;
+  NoPort port;
+  return SpeedsOf(*library.Create(stream, port), static_cast<int>(kind));
+}
+
 void CheckSettings(const DriverLibrary& library, const ReadSettings& settings) {
   NoStream stream;
   NoPort port;
@@ -87,7 +90,7 @@ void SetUpDriver(TavDrvV1& driver, const ReadSettings& settings) {
   driver.SetupNumer(kNetworkNumber, settings.number);
   for (const char letter : settings.groups) driver.SetupReadGroup(letter, true);
   driver.SetupDateTime(settings.from, settings.to);
-  driver.SetupBaud(settings.baud.value_or(OfferedSpeeds(driver, kind).front()));
+  driver.SetupBaud(settings.baud.value_or(SpeedsOf(driver, kind).front()));
   SetParameter(driver, tav::Parameter::kAttempts, settings.attempts);
   SetParameter(driver, tav::Parameter::kDoubleReading, settings.doubleRead ? 1 : 0);
   SetParameter(driver, tav::Parameter::kValidityTest, settings.validity ? 1 : 0);

@@ -1,10 +1,15 @@
 // From the settings of a reading to the driver's own questions and set-up.
 #pragma once
 
+#include <vector>
+
 #include "host/reading/driver_library.h"
 #include "host/reading/settings.h"
 
 namespace host {
+
+// bit/s, the usual one first.
+std::vector<int> OfferedSpeeds(const DriverLibrary& library, tav::Mode kind);
 
 // Asks the driver, without a line; throws UsageError when it does not offer what the settings ask
 // for.

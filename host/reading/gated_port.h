@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 #include <mutex>
 
 #include "TKSplDrv/host.h"
@@ -20,6 +21,9 @@ class GatedPort final : public HostPort {
     closed_ = true;
     return std::unique_lock(calls_);
   }
+
+  // Bytes, since the beginning; from any thread.
+  std::size_t Received() const { return received_; }
 
   bool Control(int code) override {
     return Pass(false, [&] { return port_.Control(code); });
@@ -42,7 +46,9 @@ class GatedPort final : public HostPort {
     return Pass(false, [&] { return port_.SetBuffers(input, output); });
   }
   int Read(unsigned timeoutMs, unsigned count, void* destination) override {
-    return Pass(0, [&] { return port_.Read(timeoutMs, count, destination); });
+    const int taken = Pass(0, [&] { return port_.Read(timeoutMs, count, destination); });
+    received_ += static_cast<std::size_t>(taken);
+    return taken;
   }
   int Write(const void* data, unsigned length) override {
     return Pass(0, [&] { return port_.Write(data, length); });
@@ -59,6 +65,7 @@ class GatedPort final : public HostPort {
 
   HostPort& port_;
   std::atomic<bool> closed_ = false;
+  std::atomic<std::size_t> received_ = 0;
   std::mutex calls_;
 };
 

@@ -5,6 +5,7 @@
 
 #include "host/reading/assembler.h"
 #include "host/reading/driver_run.h"
+#include "host/reading/patience.h"
 
 namespace host {
 namespace {
@@ -50,7 +51,7 @@ DriverEnd Reading::RunOnce(const ReadSettings& settings) {
 }
 
 bool Reading::IsOver(const DriverEnd& run) const {
-  return !run.begun || line_.Lost() || !refusal_.empty() || askStop_() != StopRequest::kNone;
+  return !run.begun || run.waited || line_.Lost() || !refusal_.empty() || askStop_() != StopRequest::kNone;
 }
 
 // Asks for what is missing. An instrument that does not even tell its model any more is left alone.
@@ -67,6 +68,7 @@ std::string Reading::FailureReason() const {
   if (!refusal_.empty()) return refusal_;
   if (!line_.Trouble().empty()) return line_.Trouble();
   if (!first_.begun) return "the reading could not be started";
+  if (first_.waited) return SilenceReason(asked_);
   const std::string& error = first_.status.lastError;
   return error.empty() ? "the driver gave no reason" : error;
 }
@@ -78,7 +80,8 @@ Ending Reading::EndingOf(const std::vector<SectionAccount>& accounts) const {
   if (askStop_() == StopRequest::kInterrupted) return Ending::kInterrupted;
   if (askStop_() == StopRequest::kDone) return Ending::kRead;
   // A run that broke off has told why; what it left out may have come when it was asked for again.
-  if (first_.status.succeeded != true && (gaps || accounts.empty())) return Ending::kFailed;
+  const bool brokeOff = first_.waited || first_.status.succeeded != true;
+  if (brokeOff && (gaps || accounts.empty())) return Ending::kFailed;
   return gaps ? Ending::kGaps : Ending::kRead;
 }
 

@@ -1,6 +1,7 @@
 // What is asked of an instrument.
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -33,6 +34,9 @@ inline std::string AllReadGroups() {
   return letters;
 }
 
+// As options and people call it.
+inline const char* KindName(tav::Mode kind) { return kind == tav::Mode::kK7 ? "k7" : "older"; }
+
 struct ReadSettings {
   tav::Mode kind = tav::Mode::kOlder;
   int number = 1;           // network number of the instrument
@@ -45,7 +49,8 @@ struct ReadSettings {
   bool validity = false;
   int pause = 0;  // ms
   bool follow = false;
-  int retryGaps = 1;  // how often missing records are asked for again
+  int retryGaps = 1;                   // how often missing records are asked for again
+  std::chrono::seconds patience{120};  // without getting on; zero: without an end
 };
 
 }  // namespace host

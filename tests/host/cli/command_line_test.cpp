@@ -32,6 +32,8 @@ TEST_CASE("wrong usage is told in one line") {
       {"read", "--port", "a", "--kind", "new"},
       {"read", "--port", "a", "--attempts", "0"},
       {"read", "--port", "a", "--retry-gaps", "101"},
+      {"read", "--port", "a", "--speed", "fast"},
+      {"read", "--port", "a", "--patience", "long"},
       {"read", "--port", "a", "--format", "xml"},
       {"read", "--port", "a", "--from", "2015-02-29"},
       {"read", "--port", "a", "--from", "2016-09-04", "--to", "2016-09-03"},
@@ -117,6 +119,7 @@ TEST_CASE("a reading is set up from its options") {
   CHECK(settings.number == 5);
   CHECK(settings.kind == tav::Mode::kK7);
   CHECK(settings.baud == 9600);
+  CHECK(!line.read.search.Wanted());
   CHECK(settings.groups == "TH");
   CHECK(TextOf(settings.from) == "2016-9-1 0:0:0");
   CHECK(TextOf(settings.to) == "2016-9-4 13:30:0");
@@ -143,6 +146,24 @@ TEST_CASE("a simulated clock sets the period") {
   CHECK(line.read.simulated.faults.front().every == 3);
   CHECK(line.read.simulated.faults.front().length == 50);
   CHECK(line.read.simulated.special.unitsCode == 1);
+}
+
+TEST_CASE("what is not given is found out, but for what is known") {
+  struct Case {
+    Words words;
+    bool anyKind, anySpeed;
+    tav::Mode kind;
+  };
+  const Case cases[] = {{{"read", "--port", "a"}, true, false, tav::Mode::kOlder},
+                        {{"read", "--port", "a", "--speed", "auto"}, true, true, tav::Mode::kOlder},
+                        {{"read", "--port", "a", "--follow"}, false, false, tav::Mode::kOlder},
+                        {{"read", "--simulate", "k7-521"}, false, false, tav::Mode::kK7}};
+  for (const Case& item : cases) {
+    const CommandLine line = host::ParseCommandLine(item.words);
+    CHECK(line.read.search.anyKind == item.anyKind);
+    CHECK(line.read.search.anySpeed == item.anySpeed);
+    CHECK(line.read.settings.kind == item.kind);
+  }
 }
 
 TEST_CASE("dates") {

@@ -1,0 +1,108 @@
+#include "host/reading/search.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <mutex>
+
+#include "host/reading/driver_run.h"
+#include "host/reading/driver_set_up.h"
+
+namespace host {
+namespace {
+
+constexpr tav::Mode kKinds[] = {tav::Mode::kOlder, tav::Mode::kK7};
+constexpr int kMostRounds = 3;
+
+// Passes the messages on and keeps the one that identifies the instrument.
+class Introduction final : public RunListener {
+ public:
+  explicit Introduction(RunListener& messages) : messages_(messages) {}
+  void Tell(const Message& message) override {
+    messages_.Tell(message);
+    if (message.subject != "Tip") return;
+    const std::lock_guard lock(mutex_);
+    model_ = message.detail;
+  }
+  std::optional<std::string> Model() const {
+    const std::lock_guard lock(mutex_);
+    return model_;
+  }
+
+ private:
+  RunListener& messages_;
+  mutable std::mutex mutex_;
+  std::optional<std::string> model_;
+};
+
+ReadSettings Question(const ReadSettings& settings, const Way& way) {
+  ReadSettings question;
+  question.number = settings.number;
+  question.kind = way.kind;
+  question.baud = way.baud;
+  question.groups.clear();
+  question.attempts = 1;
+  question.from = settings.from;
+  question.to = settings.to;
+  return question;
+}
+
+std::vector<int> SpeedsToTry(const DriverLibrary& library, tav::Mode kind,
+                             const ReadSettings& settings, const SearchOptions& options) {
+  const std::vector<int> offered = OfferedSpeeds(library, kind);
+  if (options.anySpeed) return offered;
+  if (!settings.baud) return {offered.front()};
+  const bool has = std::count(offered.begin(), offered.end(), *settings.baud) > 0;
+  return has ? std::vector{*settings.baud} : std::vector<int>{};
+}
+
+std::string NoSuchSpeed(const DriverLibrary& library, int baud) {
+  return fmt::format("--speed {}: the older kind offers {}, k7 offers {}", baud,
+                     fmt::join(OfferedSpeeds(library, tav::Mode::kOlder), ", "),
+                     fmt::join(OfferedSpeeds(library, tav::Mode::kK7), ", "));
+}
+
+}  // namespace
+
+std::vector<Way> WaysToTry(const DriverLibrary& library, const ReadSettings& settings,
+                           const SearchOptions& options) {
+  std::vector<Way> ways;
+  for (const tav::Mode kind : kKinds) {
+    if (!options.anyKind && kind != settings.kind) continue;
+    for (const int speed : SpeedsToTry(library, kind, settings, options)) {
+      ways.push_back({kind, speed});
+    }
+  }
+  if (ways.empty()) throw UsageError(NoSuchSpeed(library, *settings.baud));
+  return ways;
+}
+
+std::optional<FoundInstrument> FindInstrument(const DriverLibrary& library,
+                                              const ReadSettings& settings,
+                                              const std::vector<Way>& ways, LinePort& line,
+                                              RunListener& messages, const AskStop& askStop) {
+  for (int round = 0; round < std::min(settings.attempts, kMostRounds); ++round) {
+    for (const Way& way : ways) {
+      if (line.Lost() || askStop() != StopRequest::kNone) return std::nullopt;
+      Introduction introduction(messages);
+      RunDriver(library, Question(settings, way), line, introduction,
+                [&] { return introduction.Model() ? StopRequest::kDone : askStop(); });
+      if (const auto model = introduction.Model()) return FoundInstrument{way, *model};
+    }
+  }
+  return std::nullopt;
+}
+
+std::string NobodyAnswers(const ReadSettings& settings, const std::vector<Way>& tried) {
+  std::string names;
+  for (const Way& way : tried) {
+    names += fmt::format("{}kind {} at {} bit/s", names.empty() ? "" : ", ", KindName(way.kind),
+                         way.baud);
+  }
+  return fmt::format(
+      "nobody answers ({}); likely causes: another network number than {}, another speed, the "
+      "wiring",
+      names, settings.number);
+}
+
+}  // namespace host
