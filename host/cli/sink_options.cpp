@@ -38,9 +38,8 @@ void AddUnits(CLI::App& app, SinkOptions& sinks) {
 }
 
 void AddFolder(CLI::App& app, SinkOptions& sinks) {
-  CLI::Option* out = app.add_option("--out", sinks.out, "a CSV file per section goes there");
-  out->option_text("DIR");
-  app.add_flag("--force", sinks.force, "replace the reading that DIR holds")->needs(out);
+  app.add_option("--out", sinks.out, "a CSV file per section goes there")->option_text("DIR");
+  app.add_flag("--force", sinks.force, "replace what an earlier reading kept there");
   app.add_option_function<std::string>(
          "--csv-dialect",
          [&sinks](const std::string& name) {

@@ -102,10 +102,12 @@ Ledger::Entry* Ledger::Find(TitleKind kind, std::string_view name) {
 }
 
 void Ledger::Tell(const Message& message) {
-  if (IsError(message)) reason_ = ReasonOf(message);
+  const RecordEvent event = EventOf(message);
+  // That a record was asked for in vain has its reason in a message before, if there was one.
+  const bool known = event.kind == Kind::kAskedInVain && !reason_.empty();
+  if (IsError(message) && !known) reason_ = ReasonOf(message);
   if (const ModelPlan* plan = FindPlan(asked_.kind, message)) return Identify(*plan);
   if (plan_ == nullptr) return;
-  const RecordEvent event = EventOf(message);
   switch (event.kind) {
     case Kind::kClock:
       return SetNow(*event.date);
@@ -211,7 +213,10 @@ void Ledger::TellArchive(const RecordEvent& event) {
     return;
   }
   if (event.kind == Kind::kNotHeld) section_->archive->SetNotHeld(*event.date);
-  if (event.kind == Kind::kAsked) section_->archive->Ask(*event.date);
+  if (event.kind == Kind::kAsked) {
+    reason_.clear();
+    section_->archive->Ask(*event.date);
+  }
   if (event.kind == Kind::kAskedInVain) section_->archive->FailAsked(reason_);
 }
 

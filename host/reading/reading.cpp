@@ -51,7 +51,8 @@ DriverEnd Reading::RunOnce(const ReadSettings& settings) {
 }
 
 bool Reading::IsOver(const DriverEnd& run) const {
-  return !run.begun || run.waited || line_.Lost() || !refusal_.empty() || askStop_() != StopRequest::kNone;
+  return !run.begun || run.waited || line_.Lost() || !refusal_.empty() ||
+         askStop_() != StopRequest::kNone;
 }
 
 // Asks for what is missing. An instrument that does not even tell its model any more is left alone.
