@@ -162,6 +162,12 @@ bool ArchiveLedger::HasDoubt() const {
   return std::find(results.begin(), results.end(), State::kEmpty) != results.end();
 }
 
+bool ArchiveLedger::HasUnasked() const {
+  return std::any_of(records_.begin(), records_.end(), [](const Record& record) {
+    return record.state == State::kMissing && record.reason == 0;
+  });
+}
+
 std::vector<DateRange> ArchiveLedger::DatesOf(State result) const {
   std::vector<DateRange> dates;
   for (const PeriodRange& range : RangesOf(result)) {

@@ -46,6 +46,8 @@ class ArchiveLedger {
   std::vector<PeriodRange> Gaps() const;
   // Whether a reply without a record looks like a lost one.
   bool HasDoubt() const;
+  // Whether a record was never asked for.
+  bool HasUnasked() const;
   // Fills in the counts and dates.
   void Tell(SectionAccount& account) const;
 

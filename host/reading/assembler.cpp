@@ -23,13 +23,16 @@ void Assembler::BeginSection(const Section& section) {
   units_.See(section);
   section_ = section;
   labels_.Correct(section_.title);
+  // A part of an instrument is read on where the number could not be.
+  if (section_.title.number.empty()) section_.title.number = number_;
+  number_ = section_.title.number;
   begun_ = false;
   if (!repeated_ && IsWanted(section_)) BeginOnce();
 }
 
 void Assembler::BeginOnce() {
   if (std::exchange(begun_, true)) return;
-  ++counts_.sections;
+  if (names_.insert(SectionKey(section_)).second) ++counts_.sections;
   Wrapped().BeginSection(section_);
 }
 

@@ -3,7 +3,8 @@
 // asked for.
 #pragma once
 
-#include <optional>
+#include <set>
+#include <string>
 
 #include "host/fields/unit_settings.h"
 #include "host/reading/follow_labels.h"
@@ -40,9 +41,11 @@ class Assembler final : public WrappedListener {
   UnitSettings units_;
   StreamCounts counts_;
   bool anyRun_ = false;
-  bool repeated_ = false;  // the run is not the first one
-  Section section_;        // the open one, as the sinks know it
-  bool begun_ = false;     // they do
+  bool repeated_ = false;        // the run is not the first one
+  std::set<std::string> names_;  // of the sections that the sinks know
+  std::string number_;           // of the instrument, once it was told
+  Section section_;              // the open one, as the sinks know it
+  bool begun_ = false;           // they do
   Cells cells_;
 };
 

@@ -150,6 +150,7 @@ void Ledger::BeginSection(const RecordEvent& event) {
   reason_.clear();
   section_ = Find(event.titleKind, event.text.empty() ? part_ : event.text);
   if (section_ == nullptr) return;
+  receivedBefore_ = section_->received;
   if (section_->archive) {
     section_->archive->Begin(RangeOf(run_, section_->archive->Of()).first);
   } else if (event.titleKind == TitleKind::kLog) {
@@ -173,7 +174,7 @@ void Ledger::LoseSection(const std::string& reason) {
   if (entry->archive) {
     entry->archive->FailAsked(reason);
   } else {
-    entry->received = false;
+    entry->received = receivedBefore_;
     entry->reason = reason;
   }
 }
@@ -299,6 +300,19 @@ SectionAccount Ledger::AccountOf(const Entry& entry, bool doubt) const {
   account.expected = account.received + account.failed;
   if (account.failed > 0) account.reason = entry.received ? kNoEntries : entry.reason;
   return account;
+}
+
+std::size_t Ledger::Missing() const {
+  std::size_t missing = 0;
+  for (const SectionAccount& account : Accounts()) missing += account.failed;
+  return missing;
+}
+
+bool Ledger::HasUnasked() const {
+  return std::any_of(entries_.begin(), entries_.end(), [](const Entry& entry) {
+    return !entry.idle &&
+           (entry.archive ? entry.archive->HasUnasked() : !entry.received && entry.reason.empty());
+  });
 }
 
 std::vector<SectionAccount> Ledger::Accounts() const {

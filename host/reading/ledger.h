@@ -33,6 +33,9 @@ class Ledger {
   // Whether the instrument has told its model; without it there are no accounts.
   bool Identified() const { return plan_ != nullptr; }
   std::vector<SectionAccount> Accounts() const;
+  std::size_t Missing() const;  // records, over all accounts
+  // Whether records are missing that the driver never came to.
+  bool HasUnasked() const;
   // Runs that would bring what is missing.
   std::vector<ReadSettings> Gaps() const;
 
@@ -71,9 +74,10 @@ class Ledger {
   const ModelPlan* plan_ = nullptr;
   std::vector<Entry> entries_;
   std::string part_;
-  Entry* section_ = nullptr;  // that is being read
-  std::string reason_;        // the last error since it began
-  bool emptied_ = false;      // replies came without their values
+  Entry* section_ = nullptr;     // that is being read
+  bool receivedBefore_ = false;  // in an earlier run
+  std::string reason_;           // the last error since it began
+  bool emptied_ = false;         // replies came without their values
 };
 
 // The period of an archive that settings ask for, as the driver goes through it.

@@ -26,7 +26,9 @@ class Reading {
 
  private:
   DriverEnd RunOnce(const ReadSettings& settings);
+  DriverEnd Fill(const ReadSettings& gap);
   bool FillGaps();
+  void AskAgain();
   bool IsOver(const DriverEnd& run) const;
   std::string FailureReason() const;
   Ending EndingOf(const std::vector<SectionAccount>& accounts) const;
@@ -55,11 +57,23 @@ bool Reading::IsOver(const DriverEnd& run) const {
          askStop_() != StopRequest::kNone;
 }
 
-// Asks for what is missing. An instrument that does not even tell its model any more is left alone.
+// A run that broke off before it came to what it is for is made once more.
+DriverEnd Reading::Fill(const ReadSettings& gap) {
+  const std::size_t missing = assembler_.Records().Missing();
+  const DriverEnd run = RunOnce(gap);
+  const bool broke = run.status.succeeded != true && assembler_.Records().Missing() == missing;
+  return broke && !IsOver(run) ? RunOnce(gap) : run;
+}
+
+// Asks for what is missing. An instrument that does not even tell its model any more, several times
+// in a row, is left alone.
 bool Reading::FillGaps() {
+  constexpr int kMostInVain = 2;
+  int inVain = 0;
   for (const ReadSettings& gap : assembler_.Records().Gaps()) {
-    const DriverEnd run = RunOnce(gap);
-    if (IsOver(run) || !run.status.identified) return false;
+    const DriverEnd run = Fill(gap);
+    inVain = run.status.identified ? 0 : inVain + 1;
+    if (IsOver(run) || inVain == kMostInVain) return false;
   }
   return true;
 }
@@ -86,11 +100,17 @@ Ending Reading::EndingOf(const std::vector<SectionAccount>& accounts) const {
   return gaps ? Ending::kGaps : Ending::kRead;
 }
 
+// What was never asked for, because the reading broke off before, has a round of its own.
+void Reading::AskAgain() {
+  const int rounds = asked_.retryGaps + (assembler_.Records().HasUnasked() ? 1 : 0);
+  for (int round = 0; round < rounds && FillGaps(); ++round) {
+  }
+}
+
 RunEnd Reading::Run() {
   first_ = RunOnce(DriverSettings(asked_));
   const bool complete = asked_.follow || IsOver(first_) || !assembler_.Records().Identified();
-  for (int round = 0; !complete && round < asked_.retryGaps && FillGaps(); ++round) {
-  }
+  if (!complete && asked_.retryGaps > 0) AskAgain();
   RunEnd end;
   if (!asked_.follow) end.accounts = assembler_.Records().Accounts();
   end.ending = EndingOf(end.accounts);

@@ -41,7 +41,7 @@ TEST_CASE("a reading's folder is the one that decoding its raw file gives") {
   }
   CHECK(host::RunProgram({"read", "--simulate", "521", "--groups", "B", "--raw", raw + "2", "--out",
                           raw + "2/"}) == host::kWrongUsage);
-  CHECK(host::RunProgram({"read", "--simulate", "521", "--groups", "B", "--raw", raw, "--force"}) ==
+  CHECK(host::RunProgram({"read", "--simulate", "521", "--groups", "BM", "--raw", raw, "--force"}) ==
         host::kSuccess);
   CHECK(host::RunProgram({"decode", raw, "--out", (scratch / "decoded").string()}) ==
         host::kWrongUsage);
