@@ -73,15 +73,23 @@ class ReadCommand {
   RunEnd Run() {
     host::Run run{options_.settings, options_.line, LocalNow()};
     if (!options_.search.Wanted() || Find(*run.settings)) {
-      return RunReading(library_, run, *line_, *sinks_, askStop_);
+      return RunReading(library_, run, *line_, Listener(), pace_.With(askStop_));
     }
     const RunEnd end = NotFound();
-    sinks_->BeginRun(run);
-    sinks_->EndRun(end);
+    Listener().BeginRun(run);
+    Listener().EndRun(end);
     return end;
   }
 
+  std::string Summary(const RunEnd& end) const {
+    const std::string& out = options_.sinks.out;
+    const bool follow = options_.settings.follow;
+    return follow ? FollowLine(end, pace_.Rows(), pace_.Elapsed(), out) : ReadingLine(end, out);
+  }
+
  private:
+  RunListener& Listener() { return options_.settings.follow ? pace_ : *sinks_; }
+
   // Whether the instrument was found; the settings are its then.
   bool Find(ReadSettings& settings) {
     RunListener deaf;
@@ -110,6 +118,7 @@ class ReadCommand {
   const AskStop askStop_ = StopAsked(screen_);
   const std::unique_ptr<LinePort> line_;
   const std::unique_ptr<RunListener> sinks_;
+  FollowPace pace_{*sinks_, options_.pace};
 };
 
 }  // namespace
@@ -118,7 +127,7 @@ int Read(const ReadOptions& options) {
   ReadCommand command(options);
   CountInterrupts();
   const RunEnd end = command.Run();
-  WriteStandardError(IgnoredLine(end.counts) + ReadingLine(end, options.sinks.out));
+  WriteStandardError(IgnoredLine(end.counts) + command.Summary(end));
   return CodeOf(end);
 }
 

@@ -71,7 +71,8 @@ void ReadParser::AddReading(CLI::App& app) {
                "the driver's validity test, under which it takes no archive record");
   app.add_option("--pause", settings.pause, "milliseconds after a failed attempt")
       ->check(WholeNumber(0, 600000));
-  app.add_flag("--follow", settings.follow, "go on with new values until Ctrl-C (older kind)");
+  pace_.AddTo(app, app.add_flag("--follow", settings.follow,
+                                "go on with new values until Ctrl-C (older kind)"));
 }
 
 void ReadParser::AddTo(CLI::App& app) {
@@ -92,7 +93,7 @@ void ReadParser::AddTo(CLI::App& app) {
       "  irvela read --port /dev/ttyUSB0 --number 5 --from 2016-09-01 --to 2016-09-04\n"
       "  irvela read --tcp gateway:4001 --kind k7 --groups TH --format json\n"
       "  irvela read --port /dev/ttyUSB0 --out readings --raw reading.raw -v\n"
-      "  irvela read --port /dev/ttyUSB0 --groups T --follow\n"
+      "  irvela read --port /dev/ttyUSB0 --groups T --follow --interval 1m\n"
       "Ctrl-C ends a reading and keeps what was read; a second one ends the program at once.\n"
       "Exit code: 0 everything read that the instrument has, 3 read with gaps, 1 the reading\n"
       "failed, 2 wrong usage, 130 interrupted, 143 terminated, 129 hung up.");
@@ -147,6 +148,7 @@ void ReadParser::Finish() {
   FinishSpeed();
   FinishPeriod();
   read_.settings.patience = RequireDuration("--patience", patience_, std::chrono::seconds(0));
+  pace_.Finish();
 }
 
 }  // namespace host

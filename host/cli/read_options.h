@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "host/cli/pace_options.h"
 #include "host/cli/simulated_options.h"
 #include "host/output/sinks.h"
 #include "host/reading/search.h"
@@ -15,6 +16,7 @@ struct ReadOptions {
   simulator::Settings simulated;
   ReadSettings settings;
   SearchOptions search;  // what is to be found out first
+  Pace pace;             // of a continuous reading
   SinkOptions sinks;
   std::string driver;  // of the DLL, or empty
 };
@@ -22,7 +24,8 @@ struct ReadOptions {
 class ReadParser {
  public:
   // read must live as long as the parser, and the parser as long as the app that it is added to.
-  explicit ReadParser(ReadOptions& read) : read_(read), simulated_(read.simulated) {}
+  explicit ReadParser(ReadOptions& read)
+      : read_(read), simulated_(read.simulated), pace_(read.pace) {}
   void AddTo(CLI::App& app);
   // Once all is known. Throws UsageError or std::invalid_argument.
   void Finish();
@@ -37,6 +40,7 @@ class ReadParser {
 
   ReadOptions& read_;
   SimulatedOptions simulated_;
+  PaceOptions pace_;
   // Texts that need a second look once all are known.
   std::string port_;
   std::string tcp_;

@@ -1,6 +1,7 @@
 // How a run ended, for people and for scripts.
 #pragma once
 
+#include <chrono>
 #include <string>
 
 #include "host/reading/run_listener.h"
@@ -15,5 +16,9 @@ std::string IgnoredLine(const StreamCounts& counts);
 
 // What a reading brought. out: the folder that keeps it, or empty.
 std::string ReadingLine(const RunEnd& end, const std::string& out);
+
+// The same of a continuous reading, whose sections come again and again.
+std::string FollowLine(const RunEnd& end, std::size_t rows, std::chrono::seconds elapsed,
+                       const std::string& out);
 
 }  // namespace host

@@ -123,7 +123,7 @@ constexpr Row kRows[] = {
     {"Error Version", "", Weight::kError, kNotIdentified, "the reply is damaged"},
     {"Version", "X.X.?", Weight::kError, "the driver does not know this version of the instrument"},
     {"DT", "pribor type not found", Weight::kError, "the driver does not know this instrument"},
-    {"Init Opros Error ТВ", "", Weight::kError, "heat system {} could not be opened"},
+    {"Init Opros Error ТВ", "", Weight::kSummary, "heat system {} could not be opened"},
     {"Dt", "", Weight::kSummary, "the clock could not be read"},
     {"BD", "Start Read", Weight::kNotice, ""},
     {"BD", "", Weight::kSummary, "the database could not be read"},

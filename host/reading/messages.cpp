@@ -38,7 +38,7 @@ std::optional<std::string> StepName(const Message& message) {
   if (message.detail == "...") return message.subject;
   if (message.subject == "Start Opros" && message.detail != "Error Init")
     return "opening the session";
-  if (message.subject == "Nonstop") return "continuous reading";
+  if (BeginsCycle(message)) return "continuous reading";
   if (!message.detail.starts_with(kStart)) return std::nullopt;
   // "Start Read ТВ1" / "Mon", or "Start Read" / "Month ОВ".
   const std::size_t blank = message.subject.find(' ');
@@ -50,6 +50,8 @@ std::optional<std::string> StepName(const Message& message) {
   if (blank != std::string::npos) name += message.subject.substr(blank);
   return name;
 }
+
+bool BeginsCycle(const Message& message) { return message.subject == "Nonstop"; }
 
 std::optional<std::string> RecordDate(const Message& message) {
   const bool record = message.subject == "Date:hour" || message.subject == "read...";

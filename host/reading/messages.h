@@ -22,6 +22,9 @@ std::optional<bool> ReadingResult(const Message& message);
 // "hours ТВ1" when the message announces a step of the reading.
 std::optional<std::string> StepName(const Message& message);
 
+// Whether the message announces another cycle of a continuous reading.
+bool BeginsCycle(const Message& message);
+
 // Date and hour of the archive record that is being read.
 std::optional<std::string> RecordDate(const Message& message);
 

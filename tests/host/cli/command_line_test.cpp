@@ -40,6 +40,8 @@ TEST_CASE("wrong usage is told in one line") {
       {"read", "--port", "a", "--rows", "5", "--all"},
       {"read", "--port", "a", "--kind", "k7", "--follow"},
       {"read", "--port", "a", "--clock", "2016-09-04"},
+      {"read", "--port", "a", "--count", "1"},
+      {"read", "--port", "a", "--follow", "--interval", "often"},
       {"read", "--tcp", "gateway:70000"},
       {"read", "--simulate", "no such model"},
       {"read", "--simulate", "521", "--fault", "no such fault"},

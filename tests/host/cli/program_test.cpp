@@ -18,6 +18,13 @@ TEST_CASE("how a run ended is told in a line and an exit code") {
         "irvela: interrupted after 2 sections with 1 row\n");
   CHECK(host::ReadingLine({Ending::kFailed, "no reply", {0, 0}}, "") ==
         "irvela: the reading failed after 0 sections with 0 rows: no reply\n");
+  using std::chrono::seconds;
+  CHECK(host::FollowLine({}, 120, seconds(629), "out") ==
+        "irvela: read 120 rows in 10 min, kept in out\n");
+  CHECK(host::FollowLine({Ending::kInterrupted, "", {}}, 1, seconds(59), "") ==
+        "irvela: interrupted after 1 row in 59 s\n");
+  CHECK(host::FollowLine({Ending::kFailed, "no reply", {}}, 0, seconds(7500), "") ==
+        "irvela: the reading failed after 0 rows in 2 h 5 min: no reply\n");
   CHECK(host::ExitCodeOf({Ending::kInterrupted, "", {}}) == host::kInterrupted);
 }
 
@@ -41,13 +48,13 @@ TEST_CASE("a reading's folder is the one that decoding its raw file gives") {
   }
   CHECK(host::RunProgram({"read", "--simulate", "521", "--groups", "B", "--raw", raw + "2", "--out",
                           raw + "2/"}) == host::kWrongUsage);
-  CHECK(host::RunProgram({"read", "--simulate", "521", "--groups", "BM", "--raw", raw, "--force"}) ==
-        host::kSuccess);
   CHECK(host::RunProgram({"decode", raw, "--out", (scratch / "decoded").string()}) ==
         host::kWrongUsage);
   CHECK(host::RunProgram({"decode", raw, "--force", "--units", "mwh,kpa", "--out",
                           (scratch / "decoded").string()}) == host::kSuccess);
   CHECK(scratch.Load("decoded/02-months-ov.csv").find(",q_mwh,") != std::string::npos);
+  CHECK(host::RunProgram({"read", "--simulate", "521", "--groups", "B", "--raw", raw, "--force"}) ==
+        host::kSuccess);
   scratch.Save("cut", scratch.Load("raw") + "x");
   CHECK(host::RunProgram({"decode", (scratch / "cut").string()}) == host::kFailed);
   CHECK(host::RunProgram({"decode", (scratch / "none").string()}) == host::kFailed);
