@@ -46,7 +46,7 @@ void AddFolder(CLI::App& app, SinkOptions& sinks) {
            sinks.dialect = name == kExcelRuName ? kExcelRuCsv : kStandardCsv;
          },
          "standard, or excel-ru for a spreadsheet set to Russian")
-      ->check(CLI::IsMember({kStandardName, kExcelRuName}))
+      ->transform(OneOf({kStandardName, kExcelRuName}))
       ->option_text("NAME")
       ->default_str(kStandardName);
 }
