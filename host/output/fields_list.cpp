@@ -1,22 +1,19 @@
 #include "host/output/fields_list.h"
 
-#include <algorithm>
 #include <utility>
 #include <vector>
 
 #include "host/fields/list.h"
+#include "host/output/folded_table.h"
 #include "host/output/json_writer.h"
-#include "host/output/text.h"
 
 namespace host {
 namespace {
 
 // --- Text ---
 
-using Line = std::vector<std::string>;
-
-const Line kHeading = {"column", "caption", "driver's unit", "field", "unit", "quantity",
-                       "pipe",   "span",    "type",          "role",  "note"};
+const TextLine kHeading = {"column", "caption", "driver's unit", "field", "unit", "quantity",
+                           "pipe",   "span",    "type",          "role",  "note"};
 
 // "q_gcal|gj|mwh".
 std::string JoinedName(const std::vector<Field>& fields) {
@@ -33,7 +30,7 @@ std::string JoinedUnit(const std::vector<Field>& fields) {
   return text;
 }
 
-Line LineOf(const ListedColumn& listed) {
+TextLine LineOf(const ListedColumn& listed) {
   const Field& field = listed.fields.front();
   return {listed.column,
           listed.caption == listed.column ? "" : listed.caption,
@@ -46,22 +43,6 @@ Line LineOf(const ListedColumn& listed) {
           NameOf(listed.type),
           NameOf(listed.role),
           listed.note};
-}
-
-std::string Aligned(const std::vector<Line>& lines) {
-  std::vector<std::size_t> widths(lines.front().size());
-  for (const Line& line : lines) {
-    for (std::size_t i = 0; i < line.size(); ++i) {
-      widths[i] = std::max(widths[i], DisplayWidth(line[i]));
-    }
-  }
-  std::string text;
-  for (const Line& line : lines) {
-    for (std::size_t i = 0; i < line.size(); ++i) text += PadRight(line[i], widths[i] + 2);
-    text.erase(text.find_last_not_of(' ') + 1);
-    text += '\n';
-  }
-  return text;
 }
 
 std::string TitleOf(const ListedTable& table) {
@@ -130,11 +111,11 @@ std::string JsonOf(const ListedTable& table, const ListedColumn& listed) {
 std::string FieldsText() {
   std::string text;
   for (const ListedTable& table : ListFields()) {
-    std::vector<Line> lines = {kHeading};
+    std::vector<TextLine> lines = {kHeading};
     for (const ListedColumn& listed : table.columns) lines.push_back(LineOf(listed));
     if (!text.empty()) text += '\n';
     text += TitleOf(table);
-    text += Aligned(lines);
+    text += ListText(lines, "");
   }
   return text;
 }

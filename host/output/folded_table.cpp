@@ -126,13 +126,15 @@ class Folder {
 
 std::string TextOf(const FoldedTable& table) { return Folder(table).Text(); }
 
-std::string ListText(const std::vector<TextLine>& lines) {
+std::string ListText(const std::vector<TextLine>& lines, const char* indent) {
   Widths widths;
   Widen(widths, lines);
   std::string text;
   for (const TextLine& line : lines) {
+    text += indent;
     for (std::size_t i = 0; i < line.size(); ++i) {
-      text += kGap + PadRight(line[i], i + 1 < line.size() ? widths[i] : 0);
+      if (i > 0) text += kGap;
+      text += PadRight(line[i], i + 1 < line.size() ? widths[i] : 0);
     }
     text.erase(text.find_last_not_of(' ') + 1);
     text += '\n';

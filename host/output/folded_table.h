@@ -23,7 +23,8 @@ struct FoldedTable {
 // first.
 std::string TextOf(const FoldedTable& table);
 
-// "  a  bb" for each line, with columns as wide as needed and aligned on the left.
-std::string ListText(const std::vector<TextLine>& lines);
+// "  a  bb" for each line, begun by the indent, with columns as wide as needed and aligned on the
+// left.
+std::string ListText(const std::vector<TextLine>& lines, const char* indent = "  ");
 
 }  // namespace host
