@@ -31,14 +31,14 @@ void SetUnits(SinkOptions& sinks, const std::string& words) {
 void AddUnits(CLI::App& app, SinkOptions& sinks) {
   app.add_option_function<std::string>(
          "--units", [&sinks](const std::string& words) { SetUnits(sinks, words); },
-         "of heat (gcal, gj, mwh) and pressure (kgf, mpa, kpa, bar), as in gj,mpa; as-is: those of "
-         "the instrument")
+         "heat in gcal, gj or mwh, pressure in kgf, mpa, kpa or bar, as in gj,mpa")
       ->option_text("UNITS")
       ->default_str("as-is");
 }
 
 void AddFolder(CLI::App& app, SinkOptions& sinks) {
-  app.add_option("--out", sinks.out, "a CSV file per section goes there")->option_text("DIR");
+  app.add_option("--out", sinks.out, "a CSV file per section goes there; a new or empty folder")
+      ->option_text("DIR");
   app.add_flag("--force", sinks.force, "replace what an earlier reading kept there");
   app.add_option_function<std::string>(
          "--csv-dialect",
