@@ -25,14 +25,14 @@ std::string Listed(tav::TitleKind kind, const std::vector<DateRange>& ranges, st
 }  // namespace
 
 std::string RecordDateText(tav::TitleKind kind, const TAVDT& date) {
-  const std::string month = fmt::format("{:04}-{:02}", date.year, date.month);
+  std::string month = fmt::format("{:04}-{:02}", date.year, date.month);
   if (kind == tav::TitleKind::kMonthly) return month;
   const std::string day = fmt::format("{}-{:02}", month, date.day);
   return kind == tav::TitleKind::kDaily ? day : day + ' ' + TimeOfDay(date);
 }
 
 std::string RangeText(tav::TitleKind kind, const DateRange& range) {
-  const std::string first = RecordDateText(kind, range.first);
+  std::string first = RecordDateText(kind, range.first);
   const std::string last = RecordDateText(kind, range.last);
   if (first == last) return first;
   const bool withinDay = kind == tav::TitleKind::kHourly && IsSameDay(range.first, range.last);

@@ -67,7 +67,7 @@ bool IsEmptyOrNone(const fs::path& folder) {
 // The first CSV file that an earlier reading does not name; empty when there is none.
 std::string ForeignFile(const fs::path& folder, const std::set<std::string>& earlier) {
   for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-    const std::string name = PathText(entry.path().filename());
+    std::string name = PathText(entry.path().filename());
     if (name.ends_with(".csv") && earlier.count(name) == 0) return name;
   }
   return {};
