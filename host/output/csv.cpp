@@ -9,8 +9,12 @@ constexpr const char* kClock = "clock";
 constexpr const char* kUndescribed = "undescribed";
 
 // Names of a header: of the columns, and of what stands before and after them.
-std::vector<std::string> Header(const Section& section, std::vector<std::string> names) {
-  if (RowsTakeTitleTime(section)) names.insert(names.begin(), kClock);
+template <class Each, class NameOf>
+std::vector<std::string> Header(const Section& section, const Each& each, NameOf nameOf) {
+  std::vector<std::string> names;
+  names.reserve(each.size() + 2);
+  if (RowsTakeTitleTime(section)) names.emplace_back(kClock);
+  for (const auto& column : each) names.push_back(nameOf(column));
   if (HasUndescribedColumns(section)) names.emplace_back(kUndescribed);
   return names;
 }
@@ -66,17 +70,12 @@ bool RowsTakeTitleTime(const Section& section) {
 
 void AppendCsvHeader(std::string& out, const Section& section, const std::vector<Field>& fields,
                      const CsvDialect& dialect) {
-  std::vector<std::string> names;
-  names.reserve(fields.size() + 2);
-  for (const Field& field : fields) names.push_back(field.name);
-  AppendCsvLine(out, Header(section, std::move(names)), dialect);
+  const auto name = [](const Field& field) { return field.name; };
+  AppendCsvLine(out, Header(section, fields, name), dialect);
 }
 
 void AppendDriverHeader(std::string& out, const Section& section, const CsvDialect& dialect) {
-  std::vector<std::string> names;
-  names.reserve(section.columns.size() + 2);
-  for (const Column& column : section.columns) names.push_back(DriverHeading(column));
-  AppendCsvLine(out, Header(section, std::move(names)), dialect);
+  AppendCsvLine(out, Header(section, section.columns, DriverHeading), dialect);
 }
 
 void AppendCsvRow(std::string& out, const Section& section, const TAVDT& clock, const Cells& cells,

@@ -32,7 +32,9 @@ std::string TableHeading(const Section& section, const std::vector<Field>& field
 
 std::string TableLine(const Section& section, const Cells& cells) {
   std::string line = RowsTakeTitleTime(section) ? DateText(section.title.time) : "";
-  for (std::size_t i = 0; i < cells.size(); ++i) {
+  std::size_t count = cells.size();  // what a cut row lacks at its end takes no room
+  while (count > 0 && std::holds_alternative<std::monostate>(cells[count - 1])) --count;
+  for (std::size_t i = 0; i < count; ++i) {
     const std::string text = RoundedText(cells[i], kDigits);
     line += i < section.columns.size() ? Padded(section.columns[i], text) : "  " + text;
   }
@@ -102,10 +104,7 @@ std::string FollowPrinter::LineOf(const Section& section, const Cells& cells) co
 
 void FollowPrinter::AddRow(const Section& section, const Cells& cells) {
   view_.See(section, cells);
-  std::string line = LineOf(section, columns_.In(cells, scratch_));
-  if (line == lastLine_) return;
-  unshown_ += line;
-  lastLine_ = std::move(line);
+  unshown_ += LineOf(section, columns_.In(cells, scratch_));
 }
 
 void FollowPrinter::Keep() {

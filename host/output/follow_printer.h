@@ -13,8 +13,7 @@
 
 namespace host {
 
-// A row that says the same as the one before it, clock included, is not shown again: an instrument
-// may be read twice within a second. Rows are shown once they are kept.
+// Rows are shown once they are kept.
 //
 // table and csv: a heading whenever another section comes, then a line per row. json: an object per
 // line, with its section, model, serial number and clock before its fields.
@@ -41,7 +40,6 @@ class FollowPrinter final : public RunListener {
   ShownColumns columns_;        // of the open section
   std::optional<JsonRow> row_;  // the same in JSON
   std::string lastHeading_;
-  std::string lastLine_;
   Cells scratch_;
 };
 

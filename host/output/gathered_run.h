@@ -27,7 +27,7 @@ struct GatheredSection {
 struct GatheredRun {
   std::optional<ReadSettings> settings;   // none: a stream that was kept
   std::string line;                       // its address, or the name of the file
-  std::vector<GatheredSection> sections;  // in the order in which they first came
+  std::vector<GatheredSection> sections;  // in the order in which they are read
   std::vector<SectionAccount> neverCame;  // accounts of sections that are not among them
   RunEnd end;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -62,9 +63,30 @@ void SortByDate(GatheredSection& gathered) {
   rows.erase(end, rows.end());
 }
 
+// The same for what has no dates to go by.
+void DropRepeated(GatheredSection& gathered) {
+  std::set<std::string> seen;
+  std::erase_if(gathered.rows, [&seen](const GatheredRow& row) {
+    std::string text = DateText(row.clock);
+    for (const Cell& cell : row.cells) AppendCell(text += '\n', cell);
+    return !seen.insert(std::move(text)).second;
+  });
+}
+
 bool IsOf(const SectionAccount& account, const GatheredSection& gathered) {
   return account.kind == gathered.section.title.kind &&
          account.section == gathered.section.title.section;
+}
+
+// Into the order in which the instrument is read; what came late stands where it belongs.
+void SortAsRead(GatheredRun& run) {
+  const auto& accounts = run.end.accounts;
+  const auto place = [&](const GatheredSection& section) {
+    return std::find_if(accounts.begin(), accounts.end(),
+                        [&](const SectionAccount& each) { return IsOf(each, section); });
+  };
+  std::stable_sort(run.sections.begin(), run.sections.end(),
+                   [&](const auto& left, const auto& right) { return place(left) < place(right); });
 }
 
 // An account belongs to the first section of its name.
@@ -131,7 +153,11 @@ void Gatherer::Renew(GatheredSection& database, const Section& section, Cells ce
 }
 
 void Gatherer::Finish(GatheredSection& gathered) const {
-  if (IsArchive(gathered.section.title.kind)) SortByDate(gathered);
+  if (IsArchive(gathered.section.title.kind)) {
+    SortByDate(gathered);
+  } else {
+    DropRepeated(gathered);
+  }
   ShownColumns columns = view_.Columns(gathered.section);
   Cells scratch;
   if (columns.converted) {
@@ -155,6 +181,7 @@ void Gatherer::ShowAll() const {
 void Gatherer::EndRun(const RunEnd& end) {
   for (GatheredSection& gathered : run_.sections) Finish(gathered);
   run_.end = end;
+  SortAsRead(run_);
   SpreadAccounts(run_);
   ShowAll();
 }

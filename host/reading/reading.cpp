@@ -100,10 +100,15 @@ Ending Reading::EndingOf(const std::vector<SectionAccount>& accounts) const {
   return gaps ? Ending::kGaps : Ending::kRead;
 }
 
-// What was never asked for, because the reading broke off before, has a round of its own.
+// A round that brings something does not count while there is what was never asked for before: a
+// reading that breaks off again and again comes to its end.
 void Reading::AskAgain() {
-  const int rounds = asked_.retryGaps + (assembler_.Records().HasUnasked() ? 1 : 0);
-  for (int round = 0; round < rounds && FillGaps(); ++round) {
+  const Ledger& records = assembler_.Records();
+  for (int rounds = 0; rounds < asked_.retryGaps;) {
+    const bool unasked = records.HasUnasked();
+    const std::size_t missing = records.Missing();
+    if (!FillGaps()) return;
+    if (!unasked || records.Missing() == missing) ++rounds;
   }
 }
 

@@ -27,7 +27,7 @@ bool Receiver::Message(const char* text1, const char* text2, unsigned code) {
     Learn(message);
     if (!refused_) decoder_.Pause();
     // A row of K7 parameters comes in a piece for each, from one question after the other.
-    if (message.subject == "error query") decoder_.BreakRow();
+    if (!refused_ && message.subject == "error query") TakePiece({});
     listener_.Tell(message);
   });
 }
@@ -58,10 +58,13 @@ bool Receiver::Write(const void* data, unsigned length) {
   if (refused_ || closed_) return false;
   return TellListener([&] {
     if (closed_) return;
-    const ByteView piece(static_cast<const unsigned char*>(data), length);
-    listener_.AddPiece(piece);
-    decoder_.Take(piece);
+    TakePiece({static_cast<const unsigned char*>(data), length});
   });
+}
+
+void Receiver::TakePiece(ByteView piece) {
+  listener_.AddPiece(piece);
+  decoder_.Take(piece);
 }
 
 void Receiver::Refuse(const std::string& reason) {

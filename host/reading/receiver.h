@@ -49,6 +49,7 @@ class Receiver final : public HostStream {
   // Calls the listener; what it throws is a refusal.
   template <class Action>
   bool TellListener(Action action);
+  void TakePiece(ByteView piece);
   void Learn(const host::Message& message);
   void Refuse(const std::string& reason);
 

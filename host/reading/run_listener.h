@@ -76,7 +76,8 @@ using AskStop = std::function<StopRequest()>;
 class RunListener : public SectionListener {
  public:
   virtual void BeginRun(const Run& /*run*/) {}
-  // One write call of the driver, before what it completes is told.
+  // One write call of the driver, before what it completes is told; an empty one where something of
+  // the open row was lost (see decoder.h).
   virtual void AddPiece(ByteView /*piece*/) {}
   // A message of the driver, after the rows that came before it.
   virtual void Tell(const Message& /*message*/) {}

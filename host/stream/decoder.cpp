@@ -143,6 +143,7 @@ void Decoder::TakeAmongColumns(ByteView piece) {
 void Decoder::TakeAmongRows(ByteView piece) {
   if (TakeMarkerOrTitle(piece)) return;
   if (rowOpen_) {
+    rowBroken_ = rowBroken_ || piece.empty();
     if (!rowBroken_) row_.insert(row_.end(), piece.begin(), piece.end());
   } else if (!piece.empty()) {
     ++counts_.ignored;

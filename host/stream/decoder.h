@@ -10,7 +10,8 @@
 //   row      one or more pieces until the next marker or title
 //
 // where a text is its length (1 byte) and its characters, two pieces even when it is empty. Neither
-// the end marker nor any of the announced columns needs to come.
+// the end marker nor any of the announced columns needs to come. An empty piece in a row says that
+// something of it was lost: the pieces up to its end can't be told apart and are left out.
 #pragma once
 
 #include <cstddef>
@@ -59,9 +60,6 @@ class Decoder {
   // Something else than a write call came in: a row that has all its bytes is complete. Without
   // this call it is complete when the next piece shows it.
   void Pause();
-  // Something that belongs to the open row was lost: the pieces up to its end can't be told apart
-  // any more and are left out, so that the row ends short.
-  void BreakRow() { rowBroken_ = rowOpen_; }
   // The stream has ended: what is complete enough to be told is told.
   void Finish();
   const StreamCounts& Counts() const { return counts_; }

@@ -42,10 +42,10 @@ StreamWriter Odd() {
   return stream.Row({Float(2.5F) + Bytes{1, 0xFF}});
 }
 
-// Current values that come again, twice the same, and hours.
+// Current values that come again, and hours.
 Pieces Followed() {
   StreamWriter stream;
-  return AddHours(AddCurrent(AddCurrent(AddCurrent(stream, 1, 1), 2, 2), 2, 2), 1);
+  return AddHours(AddCurrent(AddCurrent(stream, 1, 1), 2, 2), 1);
 }
 
 host::SinkOptions Options(Format format, std::size_t rows, bool follow = false) {
