@@ -53,6 +53,7 @@ ReadSettings By(const Way& way, ReadSettings settings) {
 std::vector<Way> Check(const DriverLibrary& library, const ReadOptions& options) {
   if (!options.search.Wanted()) {
     CheckSettings(library, options.settings);
+    RequireReadGroups(options.settings);
     return {};
   }
   const std::vector<Way> ways = WaysToTry(library, options.settings, options.search);
@@ -72,9 +73,7 @@ class ReadCommand {
 
   RunEnd Run() {
     host::Run run{options_.settings, options_.line, LocalNow()};
-    if (!options_.search.Wanted() || Find(*run.settings)) {
-      return RunReading(library_, run, *line_, Listener(), pace_.With(askStop_));
-    }
+    if (!options_.search.Wanted() || Find(*run.settings)) return Read(run);
     const RunEnd end = NotFound();
     Listener().BeginRun(run);
     Listener().EndRun(end);
@@ -100,9 +99,16 @@ class ReadCommand {
     screen_.TakeBarAway();
     if (!found) return false;
     settings = By(found->way, settings);
+    RequireReadGroups(settings);
     screen_.PrintLine(fmt::format("irvela: {} answers: kind {}, {} bit/s", found->model,
                                   KindName(settings.kind), *settings.baud));
     return true;
+  }
+
+  RunEnd Read(const host::Run& run) {
+    const std::string unread = UnreadGroups(*run.settings);
+    if (!unread.empty()) screen_.PrintLine("irvela: " + unread);
+    return RunReading(library_, run, *line_, Listener(), pace_.With(askStop_));
   }
 
   RunEnd NotFound() {
@@ -127,7 +133,7 @@ int Read(const ReadOptions& options) {
   ReadCommand command(options);
   CountInterrupts();
   const RunEnd end = command.Run();
-  WriteStandardError(IgnoredLine(end.counts) + command.Summary(end));
+  WriteStandardError(ClockLine(end) + IgnoredLine(end.counts) + command.Summary(end));
   return CodeOf(end);
 }
 

@@ -61,6 +61,10 @@ void ReadParser::AddReading(CLI::App& app) {
                  "without anything from the instrument, until the reading ends; 0: for ever")
       ->option_text("TIME")
       ->default_str(patience_);
+  app.add_option("--clock-warning", clockWarning_,
+                 "difference of the instrument's clock that is warned of; 0: none is")
+      ->option_text("TIME")
+      ->default_str(clockWarning_);
   app.add_option("--retry-gaps", settings.retryGaps,
                  "how often missing records are asked for again after the reading")
       ->check(WholeNumber(0, 100))
@@ -142,12 +146,20 @@ void ReadParser::FinishSpeed() {
   read_.settings.baud = baud;
 }
 
+// A simulated clock that stands still has nothing to do with this machine's.
+void ReadParser::FinishTimes() {
+  constexpr std::chrono::seconds kNone(0);
+  read_.settings.patience = RequireDuration("--patience", patience_, kNone);
+  read_.settings.clockWarning = RequireDuration("--clock-warning", clockWarning_, kNone);
+  if (simulated_.Clock()) read_.settings.clockWarning.reset();
+}
+
 void ReadParser::Finish() {
   FinishLine();
   FinishKind();
   FinishSpeed();
   FinishPeriod();
-  read_.settings.patience = RequireDuration("--patience", patience_, std::chrono::seconds(0));
+  FinishTimes();
   pace_.Finish();
 }
 

@@ -37,6 +37,7 @@ class ReadParser {
   void FinishKind();
   void FinishSpeed();
   void FinishPeriod();
+  void FinishTimes();
 
   ReadOptions& read_;
   SimulatedOptions simulated_;
@@ -48,6 +49,7 @@ class ReadParser {
   std::string kind_ = "auto";
   std::string speed_;
   std::string patience_ = "2m";
+  std::string clockWarning_ = "2m";
   std::string from_;
   std::string to_;
 };

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "host/output/text.h"
+#include "host/reading/clock_check.h"
 #include "host/system/exit_codes.h"
 
 namespace host {
@@ -35,6 +36,11 @@ int ExitCodeOf(const RunEnd& end) {
 std::string IgnoredLine(const StreamCounts& counts) {
   if (counts.ignored == 0) return {};
   return fmt::format("irvela: {} of the stream made no sense\n", CountOf(counts.ignored, "piece"));
+}
+
+std::string ClockLine(const RunEnd& end) {
+  if (!end.clock || !end.clock->beyond) return {};
+  return fmt::format("irvela: warning: {}\n", ClockDifference(*end.clock));
 }
 
 std::string ReadingLine(const RunEnd& end, const std::string& out) {

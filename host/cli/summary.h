@@ -14,6 +14,9 @@ int ExitCodeOf(const RunEnd& end);
 // the next one.
 std::string IgnoredLine(const StreamCounts& counts);
 
+// "irvela: warning: the instrument's clock is ..."; empty when there is nothing to warn of.
+std::string ClockLine(const RunEnd& end);
+
 // What a reading brought. out: the folder that keeps it, or empty.
 std::string ReadingLine(const RunEnd& end, const std::string& out);
 

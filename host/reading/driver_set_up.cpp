@@ -63,6 +63,10 @@ void CheckGroups(TavDrvV1& driver, int kind, const std::string& groups) {
   throw UsageError(fmt::format("--groups {}: the letters are {}", groups, offered));
 }
 
+bool Wants(const ReadSettings& settings, tav::ReadGroup group) {
+  return settings.groups.find(static_cast<char>(group)) != std::string::npos;
+}
+
 void SetParameter(TavDrvV1& driver, tav::Parameter parameter, int value) {
   driver.SetupParametr(static_cast<char>(parameter), sizeof value, &value);
 }
@@ -83,6 +87,20 @@ void CheckSettings(const DriverLibrary& library, const ReadSettings& settings) {
   CheckNumber(*driver, kind, settings.number);
   CheckGroups(*driver, kind, settings.groups);
   if (settings.baud) CheckSpeed(*driver, kind, *settings.baud);
+}
+
+// The driver takes the letter for K7 and does not look at it.
+std::string UnreadGroups(const ReadSettings& settings) {
+  const bool read = settings.kind != tav::Mode::kK7 || !Wants(settings, tav::ReadGroup::kLogs) ||
+                    Wants(settings, tav::ReadGroup::kDatabase);
+  return read ? "" : "the logs of a k7 instrument belong to its database, group B";
+}
+
+void RequireReadGroups(const ReadSettings& settings) {
+  const std::string unread = UnreadGroups(settings);
+  const char logs = static_cast<char>(tav::ReadGroup::kLogs);
+  if (unread.empty() || settings.groups.find_first_not_of(logs) != std::string::npos) return;
+  throw UsageError(fmt::format("--groups {}: {}", settings.groups, unread));
 }
 
 void SetUpDriver(TavDrvV1& driver, const ReadSettings& settings) {

@@ -15,6 +15,11 @@ std::vector<int> OfferedSpeeds(const DriverLibrary& library, tav::Mode kind);
 // for.
 void CheckSettings(const DriverLibrary& library, const ReadSettings& settings);
 
+// What the settings ask for and the kind does not have, one sentence; empty when there is nothing.
+std::string UnreadGroups(const ReadSettings& settings);
+// Throws UsageError when they ask for nothing else: a reading of nothing is no success.
+void RequireReadGroups(const ReadSettings& settings);
+
 // Everything that Start needs. The settings are ones that the driver offers.
 void SetUpDriver(TavDrvV1& driver, const ReadSettings& settings);
 

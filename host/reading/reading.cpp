@@ -4,8 +4,10 @@
 #include <cctype>
 
 #include "host/reading/assembler.h"
+#include "host/reading/clock_check.h"
 #include "host/reading/driver_run.h"
 #include "host/reading/patience.h"
+#include "host/system/clock.h"
 
 namespace host {
 namespace {
@@ -133,11 +135,13 @@ RunEnd RunReading(const DriverLibrary& library, const Run& run, LinePort& line,
   ReadSettings asked = *run.settings;
   // A small letter asks for the same, but for the hours of the older protocol, which it leaves out.
   for (char& letter : asked.groups) letter = static_cast<char>(std::toupper(letter));
-  Reading reading(library, asked, line, listener, askStop);
+  ClockCheck clock(listener, asked, LocalNow);
+  Reading reading(library, asked, line, clock, askStop);
   Run told = run;
   told.units = &reading.Units();
   listener.BeginRun(told);
-  const RunEnd end = reading.Run();
+  RunEnd end = reading.Run();
+  end.clock = clock.Reading();
   listener.EndRun(end);
   return end;
 }

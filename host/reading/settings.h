@@ -51,6 +51,9 @@ struct ReadSettings {
   bool follow = false;
   int retryGaps = 1;                   // how often missing records are asked for again
   std::chrono::seconds patience{120};  // without getting on; zero: without an end
+  // Difference between the instrument's clock and this machine's that is worth a warning; zero:
+  // none is. Nothing: they are not compared.
+  std::optional<std::chrono::seconds> clockWarning{120};
 };
 
 }  // namespace host

@@ -59,4 +59,5 @@ TEST_CASE("a reading's folder is the one that decoding its raw file gives") {
   CHECK(host::RunProgram({"decode", (scratch / "cut").string()}) == host::kFailed);
   CHECK(host::RunProgram({"decode", (scratch / "none").string()}) == host::kFailed);
   CHECK(host::RunProgram({"read", "--simulate", "521", "--baud", "9600"}) == host::kWrongUsage);
+  CHECK(host::RunProgram({"read", "--simulate", "k7-521", "--groups", "E"}) == host::kWrongUsage);
 }

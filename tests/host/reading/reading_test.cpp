@@ -148,6 +148,18 @@ TEST_CASE("a driver that does not obey a stop has its thread ended") {
   }
 }
 
+TEST_CASE("logs of a k7 instrument are read with its database") {
+  const std::pair<const char*, bool> cases[] = {
+      {"E", true}, {"TE", true}, {"BE", false}, {"", false}};
+  for (const auto& [groups, unread] : cases) {
+    host::ReadSettings settings;
+    settings.groups = groups;
+    CHECK(host::UnreadGroups(settings).empty());
+    settings.kind = tav::Mode::kK7;
+    CHECK(host::UnreadGroups(settings).empty() != unread);
+  }
+}
+
 TEST_CASE("settings that the driver does not offer are wrong usage") {
   const host::DriverLibrary library("");
   CHECK_NOTHROW(host::CheckSettings(library, {}));
