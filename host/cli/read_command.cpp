@@ -7,6 +7,7 @@
 #include "host/line/open_line.h"
 #include "host/output/message_printer.h"
 #include "host/reading/driver_set_up.h"
+#include "host/reading/progress_meter.h"
 #include "host/reading/reading.h"
 #include "host/reading/search.h"
 #include "host/system/clock.h"
@@ -87,7 +88,10 @@ class ReadCommand {
   }
 
  private:
-  RunListener& Listener() { return options_.settings.follow ? pace_ : *sinks_; }
+  RunListener& Listener() {
+    if (options_.settings.follow) return pace_;
+    return meter_;
+  }
 
   // Whether the instrument was found; the settings are its then.
   bool Find(ReadSettings& settings) {
@@ -124,7 +128,8 @@ class ReadCommand {
   const AskStop askStop_ = StopAsked(screen_);
   const std::unique_ptr<LinePort> line_;
   const std::unique_ptr<RunListener> sinks_;
-  FollowPace pace_{*sinks_, options_.pace};
+  ProgressMeter meter_{*sinks_};
+  FollowPace pace_{meter_, options_.pace};
 };
 
 }  // namespace
@@ -133,7 +138,8 @@ int Read(const ReadOptions& options) {
   ReadCommand command(options);
   CountInterrupts();
   const RunEnd end = command.Run();
-  WriteStandardError(ClockLine(end) + IgnoredLine(end.counts) + command.Summary(end));
+  WriteStandardError(ClockLine(end) + IgnoredLine(end.counts) + MissingLines(end) +
+                     command.Summary(end));
   return CodeOf(end);
 }
 

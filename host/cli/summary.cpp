@@ -2,11 +2,29 @@
 
 #include <fmt/format.h>
 
+#include "host/output/ranges.h"
 #include "host/output/text.h"
-#include "host/reading/clock_check.h"
 #include "host/system/exit_codes.h"
 
 namespace host {
+namespace {
+
+constexpr std::size_t kShownRanges = 10;  // of a section
+
+// "; 3 of 744 records are missing (see above)"; empty when none is known to be.
+std::string MissingPart(const RunEnd& end, const std::string& out) {
+  std::size_t failed = 0;
+  std::size_t expected = 0;
+  for (const SectionAccount& account : end.accounts) {
+    failed += account.failed;
+    expected += account.expected;
+  }
+  if (failed == 0) return {};
+  return fmt::format("; {} of {} {} missing (see above{})", failed, CountOf(expected, "record"),
+                     failed == 1 ? "is" : "are", out.empty() ? "" : " and index.csv");
+}
+
+}  // namespace
 
 namespace {
 
@@ -39,25 +57,36 @@ std::string IgnoredLine(const StreamCounts& counts) {
 }
 
 std::string ClockLine(const RunEnd& end) {
-  if (!end.clock || !end.clock->beyond) return {};
-  return fmt::format("irvela: warning: {}\n", ClockDifference(*end.clock));
+  const std::string warning = ClockWarning(end);
+  return warning.empty() ? "" : fmt::format("irvela: warning: {}\n", warning);
+}
+
+std::string MissingLines(const RunEnd& end) {
+  std::string lines;
+  for (const SectionAccount& account : end.accounts) {
+    const std::string missing = MissingText(account, kShownRanges);
+    if (missing.empty()) continue;
+    lines += fmt::format("  {}: {}\n", SectionName(account.kind, account.section), missing);
+  }
+  return lines;
 }
 
 std::string ReadingLine(const RunEnd& end, const std::string& out) {
   const std::string read =
       fmt::format("{} with {}{}", CountOf(end.counts.sections, "section"),
                   CountOf(end.counts.rows, "row"), out.empty() ? "" : ", kept in " + out);
+  const std::string missing = MissingPart(end, out);
   switch (end.ending) {
     case Ending::kRead:
-      return fmt::format("irvela: read {}\n", read);
+      return fmt::format("irvela: read {}{}\n", read, missing);
     case Ending::kGaps:
-      return fmt::format("irvela: read {}, with gaps\n", read);
+      return fmt::format("irvela: read {}{}\n", read, missing.empty() ? ", with gaps" : missing);
     case Ending::kInterrupted:
-      return fmt::format("irvela: interrupted after {}\n", read);
+      return fmt::format("irvela: interrupted after {}{}\n", read, missing);
     case Ending::kFailed:
       break;
   }
-  return fmt::format("irvela: the reading failed after {}: {}\n", read, end.reason);
+  return fmt::format("irvela: the reading failed after {}{}: {}\n", read, missing, end.reason);
 }
 
 std::string FollowLine(const RunEnd& end, std::size_t rows, std::chrono::seconds elapsed,

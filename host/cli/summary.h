@@ -17,6 +17,9 @@ std::string IgnoredLine(const StreamCounts& counts);
 // "irvela: warning: the instrument's clock is ..."; empty when there is nothing to warn of.
 std::string ClockLine(const RunEnd& end);
 
+// What is missing, a line per section: "  hours ТВ1: missing 3 of 744: ...".
+std::string MissingLines(const RunEnd& end);
+
 // What a reading brought. out: the folder that keeps it, or empty.
 std::string ReadingLine(const RunEnd& end, const std::string& out);
 

@@ -16,11 +16,13 @@ class ProgressDisplay final : public RunListener {
   void EndRun(const RunEnd& end) override;
 
  private:
+  void Draw(const Progress& progress);
   void Announce();
 
   Screen& screen_;
   int percent_ = 0;
   std::string step_;
+  std::string drawn_;
   std::string announcedStep_;
   int announcedPercent_ = -1;
 };

@@ -4,12 +4,16 @@
 
 #include "host/system/console.h"
 #include "host/system/files.h"
+#include "host/system/output_width.h"
 
 namespace host {
-Screen::Screen() : Screen(ErrorIsTerminal(), WriteStandardOutput, WriteStandardError) {}
+Screen::Screen() : Screen(ErrorIsTerminal(), WriteStandardOutput, WriteStandardError, ErrorWidth) {}
 
-Screen::Screen(bool terminal, Write result, Write error)
-    : terminal_(terminal), result_(std::move(result)), error_(std::move(error)) {}
+Screen::Screen(bool terminal, Write result, Write error, std::function<std::size_t()> width)
+    : terminal_(terminal),
+      result_(std::move(result)),
+      error_(std::move(error)),
+      width_(std::move(width)) {}
 
 Screen::~Screen() { TakeBarAway(); }
 

@@ -14,13 +14,17 @@ class Screen {
 
   // The program's own. Writing results throws std::runtime_error when it cannot be done.
   Screen();
-  // terminal: whether a bar can be drawn on the error.
-  Screen(bool terminal, Write result, Write error);
+  // terminal: whether a bar can be drawn on the error; width: how many characters of it.
+  Screen(
+      bool terminal, Write result, Write error,
+      std::function<std::size_t()> width = [] { return std::size_t{80}; });
   ~Screen();
   Screen(const Screen&) = delete;
   Screen& operator=(const Screen&) = delete;
 
   bool IsTerminal() const { return terminal_; }
+  // Characters that a bar may have: it must not fill the line, which some terminals break then.
+  std::size_t BarWidth() const { return width_() - 1; }
   // Draws the bar, in place of the one before. On terminals only.
   void DrawBar(const std::string& bar);
   void TakeBarAway();
@@ -35,6 +39,7 @@ class Screen {
   bool terminal_;
   Write result_;
   Write error_;
+  std::function<std::size_t()> width_;
   std::mutex mutex_;
   std::string bar_;
   bool drawn_ = false;

@@ -3,8 +3,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdlib>
 
+#include "host/reading/clock_check.h"
 #include "host/stream/cell.h"
 
 namespace host {
@@ -29,9 +29,7 @@ std::vector<std::string> AccountLines(const SectionAccount& account, std::size_t
 
 std::string ClockWarning(const RunEnd& end) {
   if (!end.clock || !end.clock->beyond) return {};
-  const long long difference = end.clock->difference;
-  return fmt::format("the instrument's clock is {} s {} this machine's", std::abs(difference),
-                     difference < 0 ? "behind" : "ahead of");
+  return ClockDifference(*end.clock);
 }
 
 std::string CountOf(std::size_t count, const char* what) {

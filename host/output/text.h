@@ -24,7 +24,7 @@ std::string SectionHeading(const Section& section);
 // to say. most: ranges of dates in a line.
 std::vector<std::string> AccountLines(const SectionAccount& account, std::size_t most = kAllRanges);
 
-// "the instrument's clock is 130 s ahead of this machine's"; empty unless that is too much.
+// "the instrument's clock is 3 h 12 min ahead of this machine's"; empty unless that is too much.
 std::string ClockWarning(const RunEnd& end);
 
 // "1 row", "2 rows".

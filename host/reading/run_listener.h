@@ -39,8 +39,10 @@ struct Run {
 };
 
 struct Progress {
-  int percent = 0;   // as the driver has it, which may be less than before; below 0: not known
-  std::string step;  // what is being read: "hours ТВ1: 04.09.2016:13"; empty before the first
+  int percent = 0;       // below 0: not known
+  std::string step;      // what is being read: "hours ТВ1: 04.09.2016:13"; empty before the first
+  std::size_t rows = 0;  // so far
+  std::optional<long long> secondsLeft{};  // nothing: not known yet
 };
 
 enum class Ending {

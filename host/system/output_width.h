@@ -8,7 +8,11 @@ namespace host {
 // Characters of a line of the standard output: what COLUMNS says, else of its terminal, else 100.
 std::size_t OutputWidth();
 
-// Of the terminal that the standard output goes to; 0: to none.
+// The same of the standard error.
+std::size_t ErrorWidth();
+
+// Of the terminal that the standard output or error goes to; 0: to none.
 std::size_t OutputTerminalWidth();
+std::size_t ErrorTerminalWidth();
 
 }  // namespace host

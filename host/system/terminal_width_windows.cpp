@@ -3,12 +3,19 @@
 #include "host/system/output_width.h"
 
 namespace host {
+namespace {
 
 // A full line wraps there, so one column is left.
-std::size_t OutputTerminalWidth() {
+std::size_t WidthOf(DWORD stream) {
   CONSOLE_SCREEN_BUFFER_INFO info = {};
-  if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info) == 0) return 0;
+  if (GetConsoleScreenBufferInfo(GetStdHandle(stream), &info) == 0) return 0;
   return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left);
 }
+
+}  // namespace
+
+std::size_t OutputTerminalWidth() { return WidthOf(STD_OUTPUT_HANDLE); }
+
+std::size_t ErrorTerminalWidth() { return WidthOf(STD_ERROR_HANDLE); }
 
 }  // namespace host

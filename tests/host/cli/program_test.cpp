@@ -28,6 +28,21 @@ TEST_CASE("how a run ended is told in a line and an exit code") {
   CHECK(host::ExitCodeOf({Ending::kInterrupted, "", {}}) == host::kInterrupted);
 }
 
+TEST_CASE("what is missing is told above the last line") {
+  host::RunEnd end{host::Ending::kGaps, "", {1, 741}};
+  host::SectionAccount hours{tav::TitleKind::kHourly, "ТВ1", 744, 741, 0, 3, {}, {}, "no reply"};
+  const TAVDT three{2016, 9, 1, 3, 0, 0}, five{2016, 9, 1, 5, 0, 0};
+  hours.missing = {{three, five}};
+  end.accounts = {hours, {tav::TitleKind::kMonthly, "ТВ1", 1, 1, 0, 0, {}, {}, ""}};
+  CHECK(host::MissingLines(end) ==
+        "  hours ТВ1: missing 3 of 744: 2016-09-01 03:00 to 05:00 (no reply)\n");
+  CHECK(
+      host::ReadingLine(end, "out") ==
+      "irvela: read 1 section with 741 rows, kept in out; 3 of 745 records are missing (see above "
+      "and index.csv)\n");
+  CHECK(host::ExitCodeOf(end) == host::kReadWithGaps);
+}
+
 TEST_CASE("a reading's folder is the one that decoding its raw file gives") {
   const ScratchFolder scratch;
   const std::string raw = (scratch / "raw").string();

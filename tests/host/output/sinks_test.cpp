@@ -6,6 +6,7 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
+#include "host/output/progress_display.h"
 #include "host/reading/kept_stream.h"
 #include "tests/host/scratch_folder.h"
 #include "tests/host/stream_writer.h"
@@ -295,7 +296,7 @@ TEST_CASE("what is missing stands in every output") {
   const std::string missing = "missing 3 of 9: 2016-09-01 03:00 to 05:00 (no reply)\n";
   const std::string hours = "hours ТВ1: M V1, number 7, clock 2016-09-04 00:00:00";
   const std::string notHeld = "days ТВ2: the instrument does not hold 2 of 2: 2016-09-01\n";
-  const std::string clock = "the instrument's clock is 130 s behind this machine's\n";
+  const std::string clock = "the instrument's clock is 2 min behind this machine's\n";
   const std::string times = "times: instrument clock, no zone\n";
   CHECK(shown(Options(Format::kTable, 3)) == hours + " (0 rows)\n  " + missing +
                                                  "  the instrument does not hold 1 of 9\n\n" +
@@ -359,15 +360,32 @@ TEST_CASE("progress is told in tens and steps, or drawn") {
     sinks->EndRun({});
     if (terminal) {
       CHECK(
-          kept.text.ends_with("<\r\x1b[K><[##############################] 100 %  days: 1>"
+          kept.text.ends_with("<\r\x1b[K><[##########################] 100 %  days: 1>"
                               "<\r\x1b[K>result<ReadStop: OK\n>"
-                              "<[##############################] 100 %  days: 1><\r\x1b[K>"));
-      CHECK(kept.text.find("[###...........................]  13 %  hours: 03>") !=
-            std::string::npos);
+                              "<[##########################] 100 %  days: 1><\r\x1b[K>"));
+      CHECK(kept.text.find("[###.......................]  13 %  hours: 03>") != std::string::npos);
     } else {
       CHECK(kept.text ==
             "<  3 %  hours: 01\n>< 13 %  hours: 03\n>< 20 %  hours\n>< 20 %  days\n>"
             "<100 %  days: 1\n>result<ReadStop: OK\n>");
     }
+  }
+}
+
+TEST_CASE("a bar keeps to one line") {
+  const std::pair<std::size_t, const char*> cases[] = {
+      {80, "<[#############.............]  50 %  1:02:03 left  7 rows  hours ТВ1: 04.09.2016>"},
+      {40, "<[######.......]  50 %  1:02:03 left  7 >"},
+      {34, "<[#####......]  50 %  1:02:03 left>"},
+      {12, "< 50 %  1:02>"},
+  };
+  for (const auto& [width, text] : cases) {
+    std::string drawn;
+    host::Screen screen(
+        true, nullptr, [&](const std::string& error) { drawn += '<' + error + '>'; },
+        [columns = width] { return columns; });
+    host::ProgressDisplay(screen).ShowProgress({50, "hours ТВ1: 04.09.2016:13", 7, 3723});
+    CHECK(drawn == text);
+    screen.TakeBarAway();
   }
 }
