@@ -18,6 +18,8 @@ DriverPointer Checked(TavDrvV1* driver) {
 
 }  // namespace
 
+void EndDriver(DriverPointer driver) { driver.release()->Destroy(kFreeObject); }
+
 #if defined(_WIN32)
 
 namespace {

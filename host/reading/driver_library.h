@@ -15,6 +15,9 @@ struct DriverDeleter {
 };
 using DriverPointer = std::unique_ptr<TavDrvV1, DriverDeleter>;
 
+// Ends the reading thread wherever it is, and destroys the object.
+void EndDriver(DriverPointer driver);
+
 class DriverLibrary {
  public:
   // path: of the DLL on Windows, empty for the one beside the program; not looked at on POSIX.

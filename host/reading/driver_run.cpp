@@ -33,16 +33,16 @@ struct Parts {
 };
 
 // Ends the thread wherever it is: on Windows at once, so that both locks are kept from it; on POSIX
-// when its pause or its call of the host ends. Returns whether it has ended: Kill itself waits
-// longer for a long pause than a person should.
+// when its pause or its call of the host ends. Returns whether it has ended: the driver itself
+// waits longer for a long pause than a person should.
 bool EndThread(Parts& parts) {
   const auto line = parts.port.Close();
   const auto stream = parts.receiver.Close();
-  const auto killed = std::make_shared<std::promise<void>>();
-  std::future<void> ended = killed->get_future();
-  std::thread([driver = parts.driver.get(), killed] {
-    driver->Kill();
-    killed->set_value();
+  const auto gone = std::make_shared<std::promise<void>>();
+  std::future<void> ended = gone->get_future();
+  std::thread([driver = std::move(parts.driver), gone]() mutable {
+    EndDriver(std::move(driver));
+    gone->set_value();
   }).detach();
   return ended.wait_for(kKillLimit) == std::future_status::ready;
 }
@@ -101,7 +101,7 @@ DriverEnd RunDriver(const DriverLibrary& library, const ReadSettings& settings, 
   const bool obeyed = !end.begun || polling.Run();
   end.waited = polling.WaitedInVain();
   const bool ended = obeyed || EndThread(*parts);
-  if (ended) parts->driver.reset();  // its thread is gone from here on
+  parts->driver.reset();  // its thread is gone from here on, or closed out
   end.counts = parts->receiver.Finish();
   end.status = parts->receiver.Status();
   // A thread that is still in a pause finds the doors closed when it wakes up, and ends.
