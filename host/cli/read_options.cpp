@@ -47,7 +47,7 @@ void ReadParser::AddReading(CLI::App& app) {
   app.add_option("--speed,--baud", speed_,
                  "of the line in bit/s, else the usual one; auto: at which it answers")
       ->option_text("BAUD");
-  app.add_option("--groups", settings.groups, "what to read: " + GroupNames())
+  app.add_option("--groups", settings.groups, "what to read, else all: " + GroupNames())
       ->option_text("LETTERS")
       ->default_str(settings.groups);
   app.add_option("--from", from_, "first moment of the archives; else three days back")
@@ -58,15 +58,15 @@ void ReadParser::AddReading(CLI::App& app) {
       ->check(WholeNumber(1, 1000))
       ->default_str(std::to_string(settings.attempts));
   app.add_option("--patience", patience_,
-                 "without anything from the instrument, until the reading ends; 0: for ever")
+                 "without anything from the instrument, after which it ends; else 2m; 0: never")
       ->option_text("TIME")
       ->default_str(patience_);
   app.add_option("--clock-warning", clockWarning_,
-                 "difference of the instrument's clock that is warned of; 0: none is")
+                 "difference of the instrument's clock that is warned of; else 2m; 0: none")
       ->option_text("TIME")
       ->default_str(clockWarning_);
   app.add_option("--retry-gaps", settings.retryGaps,
-                 "how often missing records are asked for again after the reading")
+                 "how often what is missing is asked for again; else once")
       ->check(WholeNumber(0, 100))
       ->option_text("N")
       ->default_str(std::to_string(settings.retryGaps));
