@@ -11,3 +11,17 @@ if(WIN32)
   target_compile_definitions(irvela_libraries INTERFACE _WIN32_WINNT=0x0601)
   target_link_libraries(irvela_libraries INTERFACE ws2_32 mswsock)
 endif()
+
+# What the store needs. Its files are SQLite's, a server PostgreSQL's.
+if(IRVELA_STORE)
+  find_path(SQLITE_INCLUDE sqlite3.h REQUIRED)
+  find_path(POSTGRESQL_INCLUDE libpq-fe.h PATH_SUFFIXES postgresql REQUIRED)
+  find_path(SOCI_INCLUDE soci/soci.h REQUIRED)
+  add_library(irvela_database INTERFACE)
+  target_include_directories(irvela_database SYSTEM INTERFACE
+    ${SOCI_INCLUDE} ${SQLITE_INCLUDE} ${POSTGRESQL_INCLUDE})
+  foreach(library soci_core soci_sqlite3 soci_postgresql sqlite3)
+    find_library(LIBRARY_${library} ${library} REQUIRED)
+    target_link_libraries(irvela_database INTERFACE ${LIBRARY_${library}})
+  endforeach()
+endif()

@@ -18,6 +18,10 @@ set(documents ${CMAKE_SOURCE_DIR}/README.md ${CMAKE_SOURCE_DIR}/CHANGELOG.md)
 set(references ${CMAKE_SOURCE_DIR}/docs/binary-interface.md
   ${CMAKE_SOURCE_DIR}/docs/output-records.md ${CMAKE_SOURCE_DIR}/docs/records.md
   ${CMAKE_SOURCE_DIR}/docs/raw-file.md)
+if(IRVELA_STORE)
+  list(APPEND notice_packages libsoci-dev libboost1.74-dev libsqlite3-dev libpq-dev)
+  list(APPEND references ${CMAKE_SOURCE_DIR}/docs/store.md)
+endif()
 if(WIN32)
   # The compiler's C++ runtime, and the system's C runtime and threads.
   list(APPEND notice_packages g++-mingw-w64-i686-posix mingw-w64-i686-dev)

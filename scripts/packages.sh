@@ -4,7 +4,9 @@
 native_packages=(
   build-essential cmake ninja-build
   libasio-dev libcli11-dev libfmt-dev nlohmann-json3-dev
+  libsoci-dev libboost-dev libsqlite3-dev libpq-dev
   doctest-dev libbenchmark-dev libmodbus-dev pkg-config file
+  sqlite3 postgresql
 )
 windows_packages=(g++-mingw-w64-i686-posix clang lld llvm)
 wine_packages=(wine wine32:i386)

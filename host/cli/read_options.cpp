@@ -85,6 +85,7 @@ void ReadParser::AddTo(CLI::App& app) {
   AddSinkOptions(app, read_.sinks);
   app.add_option("--raw", read_.sinks.raw, "keep the driver's stream, for irvela decode")
       ->option_text("FILE");
+  AddStoreOption(app, read_.sinks.db);
   app.add_flag("-v,--verbose", read_.sinks.verbose, "show the driver's messages");
   simulated_.AddTo(app);
 #if defined(_WIN32)

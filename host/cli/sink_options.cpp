@@ -71,4 +71,13 @@ void AddSinkOptions(CLI::App& app, SinkOptions& sinks) {
   sinks.width = OutputWidth();
 }
 
+void AddStoreOption(CLI::App& app, std::optional<std::string>& db) {
+  app.add_option_function<std::vector<std::string>>(
+         "--db",
+         [&db](const std::vector<std::string>& names) { db = names.empty() ? "" : names.front(); },
+         "the store: a file, else the one in your data folder, or postgresql://...")
+      ->expected(0, 1)
+      ->option_text("[FILE]");
+}
+
 }  // namespace host

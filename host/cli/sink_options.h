@@ -1,6 +1,9 @@
 // The options that choose where a run goes, for the commands that have one.
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "host/output/sinks.h"
 
 namespace CLI {
@@ -11,5 +14,8 @@ namespace host {
 
 // sinks must live as long as app.
 void AddSinkOptions(CLI::App& app, SinkOptions& sinks);
+
+// "--db [FILE]"; db must live as long as app, and is empty text when no file is named.
+void AddStoreOption(CLI::App& app, std::optional<std::string>& db);
 
 }  // namespace host

@@ -13,6 +13,7 @@
 #include "host/output/reading_folder.h"
 #include "host/output/table_document.h"
 #include "host/reading/broadcast.h"
+#include "host/store/store.h"
 #include "host/system/files.h"
 
 namespace host {
@@ -53,6 +54,9 @@ std::unique_ptr<RunListener> MakeSinks(const SinkOptions& options, Screen& scree
   if (!options.out.empty()) CheckOutFolder(PathOf(options.out), options.force);
   auto sinks = std::make_unique<Broadcast>();
   if (!options.raw.empty()) sinks->Add(std::make_unique<RawFileSink>(PathOf(options.raw)));
+  if (options.db) {
+    sinks->Add(MakeStoreSink(*options.db, [&](const auto& line) { screen.PrintLine(line); }));
+  }
   std::unique_ptr<CsvFolder> made = MakeFolder(options);
   CsvFolder* const folder = made.get();
   if (made) sinks->Add(std::move(made));

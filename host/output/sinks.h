@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "host/fields/units.h"
@@ -15,19 +16,21 @@ namespace host {
 
 struct SinkOptions {
   Format format = Format::kTable;
-  std::size_t rows = 10;    // of a section in a table; 0: all
-  bool follow = false;      // rows are shown as they arrive
-  std::string out;          // folder, or empty
-  std::string raw;          // file, or empty
-  bool verbose = false;     // the driver's messages are shown
-  bool force = false;       // what out and raw name may be replaced
-  std::size_t width = 100;  // of the screen that tables are shown on, in characters
+  std::size_t rows = 10;          // of a section in a table; 0: all
+  bool follow = false;            // rows are shown as they arrive
+  std::string out;                // folder, or empty
+  std::string raw;                // file, or empty
+  std::optional<std::string> db;  // the store, as MakeStoreSink takes it; none: not kept there
+  bool verbose = false;           // the driver's messages are shown
+  bool force = false;             // what out and raw name may be replaced
+  std::size_t width = 100;        // of the screen that tables are shown on, in characters
   UnitChoice units;
   CsvDialect dialect = kStandardCsv;
 };
 
 // Files are begun at once; throws UsageError when out or raw may not be written to, and
-// std::runtime_error with the reason when a file cannot be begun. screen must outlive the sinks.
+// std::runtime_error with the reason when a file or the store cannot be begun. screen must outlive
+// the sinks.
 std::unique_ptr<RunListener> MakeSinks(const SinkOptions& options, Screen& screen);
 
 }  // namespace host

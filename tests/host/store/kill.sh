@@ -1,0 +1,52 @@
+#!/bin/bash
+# Kills readings at random moments: the store stays whole and holds every row that was shown, and a
+# reading that is let alone completes it.
+# usage: kill.sh IRVELA KILLS
+set -euo pipefail
+irvela=$1
+kills=$2
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work"
+
+fail() {
+  echo "$*" >&2
+  exit 1
+}
+
+# Two months of hours, in about two seconds.
+reading() {
+  "$irvela" read --simulate 521 --groups H --clock "2016-09-10 12:00:05" \
+    --from 2016-06-01 --to 2016-07-31 "$@" 2>log
+}
+all=1464
+
+ask() { sqlite3 "$1" "$2"; }
+
+# Rows are shown as they arrive while an instrument is followed; the last line may be cut.
+lost() {
+  grep -E '^[0-9]{4}-.*,' shown | sed '$d' | cut -d, -f1 | sort >shown_times || true
+  ask kept.db 'SELECT time FROM hours_521' | sort >kept_times
+  comm -23 shown_times kept_times
+}
+
+for ((i = 1; i <= kills; i++)); do
+  reading --db kept.db --follow --format csv >shown &
+  program=$!
+  sleep "$(awk -v seed="$RANDOM" 'BEGIN { srand(seed); print 1 + 2.5 * rand() }')"
+  kill -KILL "$program"
+  wait "$program" 2>/dev/null || true
+  [ "$(ask kept.db 'PRAGMA integrity_check')" = ok ] || fail "kill $i: the store is damaged"
+  [ -z "$(lost)" ] || fail "kill $i: rows that were shown are lost"
+  count=$(ask kept.db 'SELECT count(*) FROM hours_521')
+  echo "kill $i: $(wc -l <shown_times) rows were shown, $count are kept"
+  # Killed too late to leave anything to do.
+  [ "$count" -lt "$all" ] || rm -f kept.db*
+done
+
+reading --db kept.db >/dev/null
+reading --db whole.db >/dev/null
+contents='SELECT system, time, sp, t1, v1, m1, q, tw FROM hours_521 ORDER BY system, time'
+[ "$(ask kept.db "$contents")" = "$(ask whole.db "$contents")" ] || fail "the archive is not whole"
+[ "$(ask whole.db 'SELECT count(*) FROM hours_521')" = "$all" ] || fail "not all was read"
+[ "$(ask kept.db 'SELECT count(*) FROM former_records')" = 0 ] || fail "records changed"

@@ -1,0 +1,63 @@
+#!/bin/bash
+# What can be wrong with a database: one line says so, the exit code is 1, and nothing is harmed.
+# usage: troubles.sh IRVELA
+set -euo pipefail
+irvela=$1
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work"
+
+reading() {
+  "$irvela" read --simulate 523 --groups H --clock "2016-09-10 12:00:05" \
+    --from "${from:-2016-09-01}" --to 2016-09-04 "$@" >/dev/null 2>log
+}
+
+# NAME WORDS OPTIONS...: a reading that fails with these words.
+refused() {
+  local name=$1 words=$2 code=0
+  shift 2
+  reading "$@" || code=$?
+  if [ "$code" != 1 ] || ! tail -n 1 log | grep -q "^irvela: .*$words"; then
+    echo "$name: exit code $code, said:" >&2
+    cat log >&2
+    exit 1
+  fi
+}
+
+hours() { sqlite3 "$1" 'PRAGMA integrity_check; SELECT count(*) FROM hours_523'; }
+
+reading --db good.db
+[ "$(hours good.db)" = $'ok\n192' ]
+
+head -c 20000 /dev/urandom >noise.db
+before=$(cksum noise.db)
+refused "no database" "cannot open noise.db: file is not a database" --db noise.db
+[ "$(cksum noise.db)" = "$before" ]
+
+refused "no folder" "cannot open none/a.db: unable to open database file" --db none/a.db
+
+cp good.db newer.db
+sqlite3 newer.db 'UPDATE store_version SET version = 1000'
+refused "a newer store" "newer.db is a store of version 1000" --db newer.db
+
+# A limit of a file's size stands for a full disk.
+cp good.db full.db
+(
+  trap '' XFSZ
+  ulimit -f 400
+  from=2015-09-01 refused "a full disk" "cannot write full.db: " --db full.db
+)
+reading --db full.db
+[ "$(hours full.db | head -n 1)" = ok ]
+
+cp good.db damaged.db
+head -c 120000 /dev/zero | dd of=damaged.db bs=4096 seek=2 conv=notrunc 2>/dev/null
+refused "a damaged store" "damaged.db: database disk image is malformed" --db damaged.db
+
+# Two programs wait for each other.
+reading --db both.db &
+first=$!
+"$irvela" read --simulate k7-523 --groups H --clock "2016-09-10 12:00:05" \
+  --from 2016-09-01 --to 2016-09-04 --db both.db >/dev/null 2>other || { cat other >&2; exit 1; }
+wait "$first" || { cat log >&2; exit 1; }
+[ "$(hours both.db)" = $'ok\n192' ]
