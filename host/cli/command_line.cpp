@@ -45,6 +45,20 @@ void AddSimulate(CLI::App& app, SimulateOptions& simulate) {
   app.final_callback([&simulate, tcp] { simulate.tcp = tcp->count() > 0; });
 }
 
+void AddList(CLI::App& app, ListOptions& list) {
+  AddStoreOption(app, list.db);
+  app.add_option_function<std::string>(
+         "--format", [&list](const std::string& name) { list.json = name == "json"; },
+         "table or json")
+      ->transform(OneOf({"table", "json"}))
+      ->option_text("NAME")
+      ->default_str("table");
+  app.footer(
+      "Examples:\n"
+      "  irvela list\n"
+      "  irvela list --db archive.db --format json");
+}
+
 void AddModels(CLI::App& app, ModelsOptions& models) {
   CLI::Option* fields = app.add_flag("--fields", models.fields,
                                      "what every column means: field, quantity, pipe, true unit");
@@ -75,6 +89,7 @@ class Parser {
     app_.footer("Start with: irvela read --simulate 521");
     readParser_.AddTo(*read_);
     AddDecode(*decode_, line_.decode);
+    AddList(*list_, line_.list);
     AddSimulate(*simulate_, line_.simulate);
     simulated_.AddTo(*simulate_);
     AddModels(*models_, line_.models);
@@ -105,6 +120,8 @@ class Parser {
     } else if (decode_->parsed()) {
       line_.command = Command::kDecode;
       if (line_.decode.file == "-") throw UsageError("decode -: it reads a file, not a pipe");
+    } else if (list_->parsed()) {
+      line_.command = Command::kList;
     } else if (simulate_->parsed()) {
       line_.command = Command::kSimulate;
       simulated_.Finish("simulate", line_.simulate.settings.model);
@@ -135,6 +152,7 @@ class Parser {
   CLI::App app_{"Reads Irvela heat meters and gas correctors over a serial line."};
   CLI::App* read_ = app_.add_subcommand("read", "Reads an instrument and shows what it holds.");
   CLI::App* decode_ = app_.add_subcommand("decode", "Shows a stream that a reading kept.");
+  CLI::App* list_ = app_.add_subcommand("list", "Lists what the store keeps.");
   CLI::App* simulate_ = app_.add_subcommand("simulate", "Is an instrument on a line.");
   CLI::App* models_ = app_.add_subcommand("models", "Lists the models and what their values mean.");
 };

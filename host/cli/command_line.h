@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,7 +29,12 @@ struct ModelsOptions {
   bool json = false;    // of the fields
 };
 
-enum class Command { kNone, kRead, kDecode, kSimulate, kModels };
+struct ListOptions {
+  std::optional<std::string> db;  // as MakeStoreSink takes it
+  bool json = false;
+};
+
+enum class Command { kNone, kRead, kDecode, kList, kSimulate, kModels };
 
 struct CommandLine {
   Command command = Command::kNone;
@@ -36,6 +42,7 @@ struct CommandLine {
   std::string message;  // of kNone: the help that was asked for, or what is wrong
   ReadOptions read;
   DecodeOptions decode;
+  ListOptions list;
   SimulateOptions simulate;
   ModelsOptions models;
 };

@@ -9,6 +9,7 @@ namespace host {
 int Read(const ReadOptions& options);
 int Decode(const DecodeOptions& options);
 int Simulate(const SimulateOptions& options);
+int ListStore(const ListOptions& options);
 int ListModels(const ModelsOptions& options);
 
 // The whole program but for its arguments. Never throws.

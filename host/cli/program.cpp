@@ -16,6 +16,8 @@ int RunCommand(const CommandLine& line) {
       return Read(line.read);
     case Command::kDecode:
       return Decode(line.decode);
+    case Command::kList:
+      return ListStore(line.list);
     case Command::kSimulate:
       return Simulate(line.simulate);
     case Command::kModels:

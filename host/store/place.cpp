@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "host/store/dialect.h"
 #include "host/system/files.h"
 
 namespace host {
@@ -31,6 +32,12 @@ std::string PlaceOfStore(const std::string& address) {
   fs::create_directories(folder, error);
   if (error) throw FileError("make", folder, error);
   return PathText(folder / "archive.db");
+}
+
+void RequireStore(const std::string& place) {
+  std::error_code ignored;
+  if (IsServer(place) || fs::exists(PathOf(place), ignored)) return;
+  throw std::runtime_error("there is no store " + place);
 }
 
 }  // namespace host

@@ -9,4 +9,7 @@ namespace host {
 // std::runtime_error when there is no such folder.
 std::string PlaceOfStore(const std::string& address);
 
+// Throws std::runtime_error when the place is a file that is not there.
+void RequireStore(const std::string& place);
+
 }  // namespace host

@@ -70,6 +70,9 @@ for question in \
   diff in_file on_server >log || fail "$question"
 done
 
+"$irvela" list --db file.db --format json >in_file
+"$irvela" list --db "$db" --format json >on_server
+diff in_file on_server >log || fail "the lists differ"
 ask_examples "$page" sqlite3 file.db
 ask_examples "$page" ask
 

@@ -5,7 +5,10 @@
 #include <soci/soci.h>
 #include <soci/sqlite3/soci-sqlite3.h>
 
+#include <algorithm>
+
 #include "host/reading/periods.h"
+#include "host/store/kept.h"
 #include "host/store/record_layout.h"
 #include "host/system/files.h"
 #include "tests/host/fields/instrument_reading.h"
@@ -171,6 +174,16 @@ TEST_CASE("records that are not there") {
                           .section = "ТВ9",
                           .missing = {{{2010, 1, 1, 0, 0, 0}, {2010, 2, 1, 0, 0, 0}}}});
   store.Keep(sections, end);
+  const std::vector<host::KeptSection> listed = host::ListKept(store.Path());
+  const auto listedHours = std::find_if(listed.begin(), listed.end(), [](const auto& section) {
+    return section.kind == "hours" && section.system == "ТВ1";
+  });
+  REQUIRE(listedHours != listed.end());
+  CHECK(listedHours->records == hours.rows.size());
+  CHECK(listedHours->first == host::CellText(hours.rows.front().front()));
+  CHECK(listedHours->last == host::CellText(hours.rows.back().front()));
+  CHECK(listedHours->absent == 3);
+  CHECK(listedHours->missing == 1);
   const char* absences =
       "SELECT s.kind, state, count(*) FROM absences JOIN sections s ON s.id = section "
       "GROUP BY s.kind, state ORDER BY s.kind, state";

@@ -54,6 +54,11 @@ cp good.db damaged.db
 head -c 120000 /dev/zero | dd of=damaged.db bs=4096 seek=2 conv=notrunc 2>/dev/null
 refused "a damaged store" "damaged.db: database disk image is malformed" --db damaged.db
 
+# What is not there is not made by asking.
+code=0
+"$irvela" list --db none.db 2>log || code=$?
+[ "$code" = 1 ] && grep -q 'irvela: there is no store none.db' log && [ ! -e none.db ]
+
 # Two programs wait for each other.
 reading --db both.db &
 first=$!
