@@ -25,7 +25,7 @@ std::string Listed(tav::TitleKind kind, const std::vector<DateRange>& ranges, st
 }  // namespace
 
 std::string RecordDateText(tav::TitleKind kind, const TAVDT& date) {
-  std::string month = fmt::format("{:04}-{:02}", date.year, date.month);
+  std::string month = fmt::format("{:04}-{:02}", unsigned{date.year}, date.month);
   if (kind == tav::TitleKind::kMonthly) return month;
   const std::string day = fmt::format("{}-{:02}", month, date.day);
   return kind == tav::TitleKind::kDaily ? day : day + ' ' + TimeOfDay(date);
