@@ -107,20 +107,6 @@ void AppendAccount(JsonWriter& writer, const SectionAccount& account) {
   writer.Close('}');
 }
 
-const char* EndingName(Ending ending) {
-  switch (ending) {
-    case Ending::kRead:
-      return "read";
-    case Ending::kGaps:
-      return "gaps";
-    case Ending::kInterrupted:
-      return "interrupted";
-    case Ending::kFailed:
-      break;
-  }
-  return "failed";
-}
-
 std::string TimeText(const SYSTEMTIME& time) {
   return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", time.wYear, time.wMonth, time.wDay,
                      time.wHour, time.wMinute, time.wSecond);
@@ -139,7 +125,7 @@ void AppendAsked(JsonWriter& writer, const ReadSettings& settings) {
 // What only a reading of an instrument has.
 void AppendReading(JsonWriter& writer, const GatheredRun& run) {
   const RunEnd& end = run.end;
-  AppendText(writer, "result", EndingName(end.ending));
+  AppendText(writer, "result", NameOf(end.ending));
   if (!end.reason.empty()) AppendText(writer, "reason", end.reason);
   AppendText(writer, "line", run.line);
   AppendAsked(writer, *run.settings);

@@ -12,10 +12,24 @@ void Assembler::BeginDriverRun(const ReadSettings& settings) {
   ledger_.Begin(settings);
 }
 
-// Parameters that were not asked for are read for their units.
+// Parameters that were not asked for are read for their units, and continuous reading brings
+// values, hours and days whatever was asked for.
 bool Assembler::IsWanted(const Section& section) const {
-  return section.title.kind != tav::TitleKind::kDatabase ||
-         asked_.groups.find(static_cast<char>(tav::ReadGroup::kDatabase)) != std::string::npos;
+  const auto asked = [this](tav::ReadGroup group) {
+    return asked_.groups.find(static_cast<char>(group)) != std::string::npos;
+  };
+  switch (section.title.kind) {
+    case tav::TitleKind::kDatabase:
+      return asked(tav::ReadGroup::kDatabase);
+    case tav::TitleKind::kCurrent:
+      return !asked_.follow || asked(tav::ReadGroup::kCurrent);
+    case tav::TitleKind::kHourly:
+      return !asked_.follow || asked(tav::ReadGroup::kHours);
+    case tav::TitleKind::kDaily:
+      return !asked_.follow || asked(tav::ReadGroup::kDays);
+    default:
+      return true;
+  }
 }
 
 // A section that was asked for again is told when it brings a row.

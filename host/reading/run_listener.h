@@ -52,6 +52,9 @@ enum class Ending {
   kInterrupted
 };
 
+// "read", "gaps", "failed", "interrupted".
+const char* NameOf(Ending ending);
+
 // The instrument's clock, and this machine's when it was read; both local, without a zone.
 struct ClockReading {
   SYSTEMTIME instrument{};

@@ -8,20 +8,6 @@ namespace {
 
 std::string TimeText(const SYSTEMTIME& time) { return DateText(TavOf(time)); }
 
-const char* ResultOf(Ending ending) {
-  switch (ending) {
-    case Ending::kRead:
-      return "read";
-    case Ending::kGaps:
-      return "gaps";
-    case Ending::kInterrupted:
-      return "interrupted";
-    case Ending::kFailed:
-      break;
-  }
-  return "failed";
-}
-
 // Whether parameters say something that was not known.
 bool Tells(const FieldValues& now, const FieldValues& before) {
   for (const auto& [field, value] : now.items()) {
@@ -62,7 +48,7 @@ void ReadingRows::SetInstrument(long long instrument) {
 
 void ReadingRows::End(const RunEnd& end, const RecordCounts& counts) {
   const std::string ended = TimeText(LocalNow());
-  const std::string result = ResultOf(end.ending);
+  const std::string result = NameOf(end.ending);
   soci::indicator clock = end.clock ? soci::i_ok : soci::i_null;
   const long long difference = end.clock ? end.clock->difference : 0;
   database_.Session()

@@ -38,8 +38,8 @@ bool IsHangUpIgnored() {
 
 }  // namespace
 
-// A descriptor that the caller has closed would be the line's, and the instrument would be sent what
-// is printed. What stands there now takes nothing either, but for the standard error.
+// A descriptor that the caller has closed would be the line's, and the instrument would be sent
+// what is printed. What stands there now takes nothing either, but for the standard error.
 void SetUpConsole() {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (fcntl(stream, F_GETFD) >= 0) continue;
