@@ -6,8 +6,9 @@ native_packages=(
   libasio-dev libcli11-dev libfmt-dev nlohmann-json3-dev
   libsoci-dev libboost-dev libsqlite3-dev libpq-dev
   doctest-dev libbenchmark-dev libmodbus-dev pkg-config file
-  sqlite3 postgresql
 )
+# What the tests look at the store with.
+database_packages=(sqlite3 postgresql)
 windows_packages=(g++-mingw-w64-i686-posix clang lld llvm)
 wine_packages=(wine wine32:i386)
 

@@ -24,7 +24,7 @@ for option in "$@"; do
   esac
 done
 
-install_packages "${native_packages[@]}"
+install_packages "${native_packages[@]}" "${database_packages[@]}"
 if [ "$windows" = yes ]; then
   install_packages "${windows_packages[@]}"
   install_wine
