@@ -1,31 +1,10 @@
 #include "host/reading/messages.h"
 
-#include <algorithm>
-#include <array>
-
 #include "host/reading/meanings.h"
+#include "host/reading/record_events.h"
+#include "host/stream/section.h"
 
 namespace host {
-namespace {
-
-constexpr std::string_view kStart = "Start Read";
-
-struct Word {
-  std::string_view subject;
-  const char* meaning;
-};
-
-// The driver's own words for its steps.
-constexpr std::array<Word, 8> kSteps = {{{"BD", "database"},
-                                         {"Oper", "current"},
-                                         {"Mon", "months"},
-                                         {"Month", "months"},
-                                         {"Dey", "days"},
-                                         {"Hoyr", "hours"},
-                                         {"Hour", "hours"},
-                                         {"Sit", "log"}}};
-
-}  // namespace
 
 bool IsEndOfReading(const Message& message) { return message.subject == "Opros End"; }
 
@@ -35,20 +14,15 @@ std::optional<bool> ReadingResult(const Message& message) {
 }
 
 std::optional<std::string> StepName(const Message& message) {
-  if (message.detail == "...") return message.subject;
   if (message.subject == "Start Opros" && message.detail != "Error Init")
     return "opening the session";
   if (BeginsCycle(message)) return "continuous reading";
-  if (!message.detail.starts_with(kStart)) return std::nullopt;
-  // "Start Read ТВ1" / "Mon", or "Start Read" / "Month ОВ".
-  const std::size_t blank = message.subject.find(' ');
-  const std::string word = message.subject.substr(0, blank);
-  const auto* step = std::find_if(kSteps.begin(), kSteps.end(),
-                                  [&](const Word& known) { return known.subject == word; });
-  std::string name = step == kSteps.end() ? word : step->meaning;
-  name += message.detail.substr(kStart.size());
-  if (blank != std::string::npos) name += message.subject.substr(blank);
-  return name;
+  const RecordEvent event = EventOf(message);
+  if (event.kind == RecordEvent::Kind::kSection) {
+    const std::string name = KindName(event.titleKind);
+    return event.text.empty() ? name : name + ' ' + event.text;
+  }
+  return message.detail == "..." ? std::optional(message.subject) : std::nullopt;
 }
 
 bool BeginsCycle(const Message& message) { return message.subject == "Nonstop"; }
