@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <set>
+#include <sstream>
 
 #include "host/reading/periods.h"
 #include "tests/host/completeness/simulated_reading.h"
@@ -52,6 +53,14 @@ void CheckLost(const std::string& section, const Texts& all, const Texts& got,
   }
 }
 
+// What came of parameters stands under their own names.
+void CheckParameters(const std::string& all, const std::string& got) {
+  std::istringstream whole(all), pieces(got);
+  for (std::string one, other; std::getline(pieces, other, '|') && std::getline(whole, one, '|');) {
+    if (!other.empty()) CHECK(other == one);
+  }
+}
+
 // Nothing protects an identification: a wrong one passes for another version, intended.
 bool SameInstrument(const Outcome& healthy, const Outcome& outcome) {
   const auto versions = [](const Outcome& reading) {
@@ -78,6 +87,9 @@ void CheckReading(const Outcome& healthy, const Outcome& outcome) {
       lost = true;
     } else {
       CheckLost(section, all, kept, outcome, lost);
+    }
+    for (const std::string& row : got) {
+      if (section[0] == 'B') CheckParameters(all.front(), row);
     }
     if (section[0] == 'B') continue;
     for (const std::string& row : got) CHECK(std::count(all.begin(), all.end(), row) == 1);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "host/reading/follow_labels.h"
 #include "tests/host/completeness/simulated_reading.h"
 
 using namespace completeness;
@@ -100,5 +101,20 @@ TEST_CASE("continuous reading names the part that a row belongs to") {
         if (idle > 0 && two) CHECK(part == "ТВ2");
       }
     }
+  }
+}
+
+TEST_CASE("a heat system whose values are lost has its turn all the same") {
+  host::FollowLabels labels(tav::Mode::kOlder);
+  labels.Tell({"523-0", "Th", 0});
+  for (int cycle = 0; cycle < 2; ++cycle) {
+    labels.Tell({"reading...", "Nonstop", 0});
+    labels.Tell({"12", "Tek", 0});
+    host::Title current{.kind = tav::TitleKind::kCurrent};
+    labels.Correct(current);
+    CHECK(current.section == "ТВ2");
+    host::Title hours{.kind = tav::TitleKind::kHourly, .section = "ТВ1"};
+    labels.Correct(hours);
+    CHECK(hours.section == "ТВ2");
   }
 }
