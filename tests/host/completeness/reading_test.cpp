@@ -74,6 +74,24 @@ TEST_CASE("what is missing is asked for again, and only that") {
   }
 }
 
+TEST_CASE("a reading over a bad line comes to its end") {
+  struct Case {
+    const char* model;
+    int every;  // reply is lost
+    const char* accounts;
+  };
+  const Case cases[] = {{"521", 6, "HОВ 18/10/0 "},
+                        {"k7-521", 7, "HОБЩ 17/11/0 "},
+                        {"k7-523", 7, "HТВ1 17/11/0 HТВ2 17/11/0 "}};
+  for (const Case& item : cases) {
+    INFO(std::string(item.model));
+    host::ReadSettings asked = Asked(item.model, 1, 1);
+    asked.groups = "H";
+    const Outcome outcome = Read(asked, Instrument(item.model, {{"no-reply", item.every}}));
+    CHECK(AccountsOf(outcome) == item.accounts);
+  }
+}
+
 TEST_CASE("continuous reading names the part that a row belongs to") {
   for (const char* model : {"521", "522", "523", "721"}) {
     for (const int idle : {0, 1}) {
