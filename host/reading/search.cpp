@@ -49,7 +49,7 @@ ReadSettings Question(const ReadSettings& settings, const Way& way) {
 
 std::vector<int> SpeedsToTry(const DriverLibrary& library, tav::Mode kind,
                              const ReadSettings& settings, const SearchOptions& options) {
-  const std::vector<int> offered = OfferedSpeeds(library, kind);
+  std::vector<int> offered = OfferedSpeeds(library, kind);
   if (options.anySpeed) return offered;
   if (!settings.baud) return {offered.front()};
   const bool has = std::count(offered.begin(), offered.end(), *settings.baud) > 0;

@@ -35,7 +35,7 @@ class KeptPieces {
 class RawFileReader final : public KeptPieces {
  public:
   // Far more than a write call of the driver has.
-  static constexpr std::size_t kMostInPiece = 1024 * 1024;
+  static constexpr std::size_t kMostInPiece = 1'048'576;  // 1 MiB
 
   // Throws std::runtime_error with one sentence when it is no file, cannot be read, or is not a raw
   // file.

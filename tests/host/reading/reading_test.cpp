@@ -70,8 +70,7 @@ class Bench {
   host::RunEnd Read(
       host::RunListener& listener,
       const host::AskStop& askStop = [] { return host::StopRequest::kNone; }) {
-    const host::RunEnd end =
-        host::RunReading(library_, {settings, "", {}}, *line_, listener, askStop);
+    host::RunEnd end = host::RunReading(library_, {settings, "", {}}, *line_, listener, askStop);
     CHECK(end.counts.ignored == 0);
     return end;
   }
