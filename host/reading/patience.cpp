@@ -65,6 +65,7 @@ std::string TimeText(seconds time) {
   const auto count = time.count();
   if (count < 120) return count == 60 ? "1 min" : fmt::format("{} s", count);
   if (count < 3600) return fmt::format("{} min", count / 60);
+  // Up to two days.
   if (count < 172'800) return fmt::format("{} h {} min", count / 3600, count / 60 % 60);
   return fmt::format("{} d", count / 86400);
 }
