@@ -162,6 +162,9 @@ void ReadParser::Finish() {
   FinishPeriod();
   FinishTimes();
   pace_.Finish();
+  const bool values =
+      read_.settings.groups.find(static_cast<char>(tav::ReadGroup::kCurrent)) != std::string::npos;
+  if (read_.pace.count > 0 && !values) throw UsageError("--count counts current values, group T");
 }
 
 }  // namespace host

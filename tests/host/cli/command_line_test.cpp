@@ -41,6 +41,7 @@ TEST_CASE("wrong usage is told in one line") {
       {"read", "--port", "a", "--from", "2015-02-29"},
       {"read", "--port", "a", "--from", "2016-09-04", "--to", "2016-09-03"},
       {"read", "--port", "a", "--rows", "5", "--all"},
+      {"read", "--port", "a", "--follow", "--count", "3", "--groups", "H"},
       {"read", "--port", "a", "--kind", "k7", "--follow"},
       {"read", "--port", "a", "--clock", "2016-09-04"},
       {"read", "--port", "a", "--count", "1"},
