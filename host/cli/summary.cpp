@@ -4,6 +4,7 @@
 
 #include "host/output/ranges.h"
 #include "host/output/text.h"
+#include "host/reading/patience.h"
 #include "host/system/exit_codes.h"
 
 namespace host {
@@ -22,17 +23,6 @@ std::string MissingPart(const RunEnd& end, const std::string& out) {
   if (failed == 0) return {};
   return fmt::format("; {} of {} {} missing (see above{})", failed, CountOf(expected, "record"),
                      failed == 1 ? "is" : "are", out.empty() ? "" : " and index.csv");
-}
-
-}  // namespace
-
-namespace {
-
-std::string TimeText(std::chrono::seconds time) {
-  const auto minutes = std::chrono::duration_cast<std::chrono::minutes>(time).count();
-  if (minutes == 0) return fmt::format("{} s", time.count());
-  if (minutes < 60) return fmt::format("{} min", minutes);
-  return fmt::format("{} h {} min", minutes / 60, minutes % 60);
 }
 
 }  // namespace

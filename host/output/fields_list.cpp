@@ -57,8 +57,6 @@ std::string TitleOf(const ListedTable& table) {
 
 // --- JSON ---
 
-std::string TextOrNull(const std::string& text) { return text.empty() ? "null" : JsonText(text); }
-
 std::string JsonList(const std::vector<std::string>& values) {
   std::string text = "[";
   for (const std::string& value : values) text += (text.size() > 1 ? "," : "") + value;
@@ -70,7 +68,7 @@ template <typename Part>
 std::string JsonListOf(const std::vector<Field>& fields, Part part) {
   std::vector<std::string> values;
   values.reserve(fields.size());
-  for (const Field& field : fields) values.push_back(TextOrNull(part(field)));
+  for (const Field& field : fields) values.push_back(JsonTextOrNull(part(field)));
   return JsonList(values);
 }
 
@@ -83,7 +81,7 @@ std::string JsonTexts(const std::vector<std::string>& texts) {
 
 std::string JsonOf(const ListedTable& table, const ListedColumn& listed) {
   const Field& field = listed.fields.front();
-  const std::pair<const char*, std::string> members[] = {
+  const JsonMember members[] = {
       {"model", JsonText(table.model)},
       {"sections", JsonTexts(table.sections)},
       {"column", JsonText(listed.column)},
@@ -93,17 +91,12 @@ std::string JsonOf(const ListedTable& table, const ListedColumn& listed) {
       {"fields", JsonListOf(listed.fields, [](const Field& each) { return each.name; })},
       {"units", JsonListOf(listed.fields, [](const Field& each) { return each.unit.text; })},
       {"quantity", JsonText(NameOf(field.quantity))},
-      {"pipe", TextOrNull(NameOf(field.pipe))},
+      {"pipe", JsonTextOrNull(NameOf(field.pipe))},
       {"type", JsonText(NameOf(listed.type))},
       {"role", JsonText(NameOf(listed.role))},
-      {"span", TextOrNull(NameOf(field.span))},
-      {"note", TextOrNull(listed.note)}};
-  std::string text;
-  JsonWriter writer(text, JsonWriter::Layout::kOneLine);
-  writer.Open('{');
-  for (const auto& [key, json] : members) writer.Member(JsonText(key), json);
-  writer.Close('}');
-  return text;
+      {"span", JsonTextOrNull(NameOf(field.span))},
+      {"note", JsonTextOrNull(listed.note)}};
+  return JsonObject(members);
 }
 
 }  // namespace

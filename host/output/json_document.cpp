@@ -1,10 +1,9 @@
 #include "host/output/json_document.h"
 
-#include <fmt/format.h>
-
 #include "host/output/json_row.h"
 #include "host/output/ranges.h"
 #include "host/output/text.h"
+#include "host/reading/periods.h"
 #include "host/stream/code_page.h"
 
 namespace host {
@@ -107,15 +106,10 @@ void AppendAccount(JsonWriter& writer, const SectionAccount& account) {
   writer.Close('}');
 }
 
-std::string TimeText(const SYSTEMTIME& time) {
-  return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", time.wYear, time.wMonth, time.wDay,
-                     time.wHour, time.wMinute, time.wSecond);
-}
-
 void AppendAsked(JsonWriter& writer, const ReadSettings& settings) {
   writer.Key(JsonText("asked")).Open('{');
-  AppendText(writer, "from", TimeText(settings.from));
-  AppendText(writer, "to", TimeText(settings.to));
+  AppendText(writer, "from", DateText(TavOf(settings.from)));
+  AppendText(writer, "to", DateText(TavOf(settings.to)));
   AppendText(writer, "groups", settings.groups);
   AppendText(writer, "kind", settings.kind == tav::Mode::kK7 ? "k7" : "older");
   AppendNumber(writer, "number", static_cast<std::size_t>(settings.number));

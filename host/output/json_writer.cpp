@@ -36,6 +36,17 @@ std::string JsonText(std::string_view text) {
 
 std::string JsonValue(const Cell& cell) { return std::visit(ValueOf{}, cell); }
 
+std::string JsonTextOrNull(std::string_view text) { return text.empty() ? "null" : JsonText(text); }
+
+std::string JsonObject(std::span<const JsonMember> members) {
+  std::string text;
+  JsonWriter writer(text, JsonWriter::Layout::kOneLine);
+  writer.Open('{');
+  for (const auto& [key, json] : members) writer.Member(JsonText(key), json);
+  writer.Close('}');
+  return text;
+}
+
 JsonWriter& JsonWriter::Open(char bracket) {
   Separate();
   out_ += bracket;

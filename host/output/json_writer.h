@@ -2,8 +2,10 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "host/stream/cell.h"
 
@@ -14,6 +16,14 @@ std::string JsonText(std::string_view text);
 
 // Single-precision values have their own shortest digits; what is no number is null.
 std::string JsonValue(const Cell& cell);
+
+// The same; null when it is empty.
+std::string JsonTextOrNull(std::string_view text);
+
+// A name, and its value as JSON.
+using JsonMember = std::pair<const char*, std::string>;
+// Of these members, on one line.
+std::string JsonObject(std::span<const JsonMember> members);
 
 class JsonWriter {
  public:

@@ -27,22 +27,15 @@ std::string TitleOf(const KeptSection& section) {
   return section.model + ", number " + section.serial + ", read at " + section.place + '\n';
 }
 
-std::string TextOrNull(const std::string& text) { return text.empty() ? "null" : JsonText(text); }
-
 std::string JsonOf(const KeptSection& section) {
-  const std::pair<const char*, std::string> members[] = {
+  const JsonMember members[] = {
       {"serial", JsonText(section.serial)},         {"model", JsonText(section.model)},
       {"place", JsonText(section.place)},           {"kind", JsonText(section.kind)},
       {"section", JsonText(section.system)},        {"records", std::to_string(section.records)},
-      {"first", TextOrNull(section.first)},         {"last", TextOrNull(section.last)},
+      {"first", JsonTextOrNull(section.first)},     {"last", JsonTextOrNull(section.last)},
       {"missing", std::to_string(section.missing)}, {"absent", std::to_string(section.absent)},
       {"changed", std::to_string(section.changed)}};
-  std::string text;
-  JsonWriter writer(text, JsonWriter::Layout::kOneLine);
-  writer.Open('{');
-  for (const auto& [key, json] : members) writer.Member(JsonText(key), json);
-  writer.Close('}');
-  return text;
+  return JsonObject(members);
 }
 
 }  // namespace
