@@ -1,44 +1,19 @@
 #include "host/store/kept.h"
 
-#include "host/store/place.h"
-#include "host/store/schema.h"
+#include "host/store/open_store.h"
+#include "host/store/selection.h"
 
 namespace host {
 namespace {
-
-struct Found {
-  long long id = 0;
-  std::string records;  // table; empty: none
-  KeptSection section;
-};
-
-std::vector<Found> Sections(soci::session& session) {
-  std::vector<Found> sections;
-  Found row;
-  KeptSection& section = row.section;
-  soci::indicator known = soci::i_null;
-  soci::statement select =
-      (session.prepare << "SELECT s.id, i.serial, i.model, i.place, s.kind, s.system, s.records "
-                          "FROM sections s JOIN instruments i ON i.id = s.instrument "
-                          "ORDER BY i.serial, i.model, i.kind, s.id",
-       soci::into(row.id), soci::into(section.serial), soci::into(section.model),
-       soci::into(section.place), soci::into(section.kind), soci::into(section.system),
-       soci::into(row.records, known));
-  for (select.execute(); select.fetch();) {
-    if (known != soci::i_ok) row.records.clear();
-    sections.push_back(row);
-  }
-  return sections;
-}
 
 struct Source {
   std::string table;
   const char* time;
 };
 
-Source SourceOf(const Found& found) {
-  if (!found.records.empty()) return {found.records, "time"};
-  if (found.section.kind == "log") return {"log_entries", "time"};
+Source SourceOf(const StoredSection& section) {
+  if (!section.records.empty()) return {section.records, "time"};
+  if (section.kind == tav::TitleKind::kLog) return {"log_entries", "time"};
   return {"snapshots", "clock"};
 }
 
@@ -49,33 +24,31 @@ std::size_t Count(soci::session& session, const std::string& from, long long sec
   return static_cast<std::size_t>(count);
 }
 
-void Fill(soci::session& session, Found& found) {
-  const auto [table, time] = SourceOf(found);
-  KeptSection& section = found.section;
+KeptSection Count(soci::session& session, const StoredSection& stored) {
+  const auto [table, time] = SourceOf(stored);
+  KeptSection section{stored.of.serial, stored.of.model, stored.of.place, KindName(stored.kind),
+                      stored.system};
   long long records = 0;
   soci::indicator any = soci::i_null;
   session << "SELECT count(*), min(" << time << "), max(" << time << ") FROM " << table
           << " WHERE section = :section",
       soci::into(records), soci::into(section.first, any), soci::into(section.last, any),
-      soci::use(found.id);
+      soci::use(stored.id);
   section.records = static_cast<std::size_t>(records);
-  section.missing = Count(session, "absences WHERE state = 'missing'", found.id);
-  section.absent = Count(session, "absences WHERE state = 'absent'", found.id);
-  section.changed = Count(session, "former_records WHERE period IS NOT NULL", found.id);
+  section.missing = Count(session, "absences WHERE state = 'missing'", stored.id);
+  section.absent = Count(session, "absences WHERE state = 'absent'", stored.id);
+  section.changed = Count(session, "former_records WHERE period IS NOT NULL", stored.id);
+  return section;
 }
 
 }  // namespace
 
 std::vector<KeptSection> ListKept(const std::string& address) {
-  const std::string place = PlaceOfStore(address);
-  RequireStore(place);
-  Database database(place);
-  PrepareSchema(database);
+  const std::unique_ptr<Database> database = OpenStore(address);
   std::vector<KeptSection> kept;
-  database.Read([&] {
-    for (Found& found : Sections(database.Session())) {
-      Fill(database.Session(), found);
-      kept.push_back(found.section);
+  database->Read([&] {
+    for (const StoredSection& section : FindSections(*database, {})) {
+      kept.push_back(Count(database->Session(), section));
     }
   });
   return kept;

@@ -15,8 +15,8 @@ struct KeptSection {
   std::string kind;   // "hours"
   std::string system;
   std::size_t records = 0;  // archive records, log entries, or snapshots
-  std::string first;        // their times; of snapshots the instrument's clock
-  std::string last;
+  std::string first{};      // their times; of snapshots the instrument's clock
+  std::string last{};
   std::size_t missing = 0;  // asked for without a good answer,
   std::size_t absent = 0;   // not held by the instrument,
   std::size_t changed = 0;  // replaced by other ones
