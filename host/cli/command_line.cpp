@@ -3,9 +3,11 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <map>
 #include <sstream>
 
 #include "host/cli/checks.h"
+#include "host/cli/durations.h"
 #include "host/cli/sink_options.h"
 #include "host/cli/wrong_usage.h"
 #include "host/system/exit_codes.h"
@@ -59,6 +61,43 @@ void AddList(CLI::App& app, ListOptions& list) {
       "  irvela list --db archive.db --format json");
 }
 
+void AddShow(CLI::App& app, SelectionParser& selection, ShowOptions& show) {
+  selection.AddTo(app);
+  AddSinkOptions(app, show.sinks);
+  app.footer(
+      "Examples:\n"
+      "  irvela show --groups H --from 2016-09-01 --to 2016-09-04\n"
+      "  irvela show --db archive.db --serial 12822465 --system ТВ1 --groups S --units gj --all\n"
+      "  irvela show --db archive.db --serial 12822465 --format csv > archive.csv");
+}
+
+const std::map<std::string, ExportForm> kExportForms = {
+    {"csv", ExportForm::kCsv}, {"jsonl", ExportForm::kJsonLines}, {"influx", ExportForm::kInflux}};
+
+void AddExport(CLI::App& app, SelectionParser& selection, ExportOptions& options) {
+  selection.AddTo(app);
+  app.add_option_function<std::string>(
+         "--format", [&options](const std::string& name) { options.form = kExportForms.at(name); },
+         "csv, jsonl: an object a line, or influx: InfluxDB's line protocol")
+      ->transform(OneOf({"csv", "jsonl", "influx"}))
+      ->option_text("NAME")
+      ->default_str("csv");
+  AddUnitsOption(app, options.units);
+  CLI::Option* out = app.add_option("--out", options.out, "file, else the standard output");
+  out->option_text("FILE");
+  app.add_flag("--force", options.force, "write the file over")->needs(out);
+  app.add_option_function<std::string>(
+         "--utc-offset",
+         [&options](const std::string& text) { options.utcOffset = RequireOffset(text); },
+         "of the instruments' clocks, for influx: +03:00; else this machine's winter time")
+      ->option_text("HH:MM");
+  app.footer(
+      "Examples:\n"
+      "  irvela export --groups H --from 2016-09-01 > hours.csv\n"
+      "  irvela export --db archive.db --serial 12822465 --format jsonl --out archive.jsonl\n"
+      "  irvela export --groups HS --format influx --utc-offset +03:00 --out points.txt");
+}
+
 void AddModels(CLI::App& app, ModelsOptions& models) {
   CLI::Option* fields = app.add_flag("--fields", models.fields,
                                      "what every column means: field, quantity, pipe, true unit");
@@ -90,6 +129,8 @@ class Parser {
     readParser_.AddTo(*read_);
     AddDecode(*decode_, line_.decode);
     AddList(*list_, line_.list);
+    AddShow(*show_, shown_, line_.show);
+    AddExport(*export_, exported_, line_.exported);
     AddSimulate(*simulate_, line_.simulate);
     simulated_.AddTo(*simulate_);
     AddModels(*models_, line_.models);
@@ -122,6 +163,12 @@ class Parser {
       if (line_.decode.file == "-") throw UsageError("decode -: it reads a file, not a pipe");
     } else if (list_->parsed()) {
       line_.command = Command::kList;
+    } else if (show_->parsed()) {
+      line_.command = Command::kShow;
+      shown_.Finish();
+    } else if (export_->parsed()) {
+      line_.command = Command::kExport;
+      exported_.Finish();
     } else if (simulate_->parsed()) {
       line_.command = Command::kSimulate;
       simulated_.Finish("simulate", line_.simulate.settings.model);
@@ -149,10 +196,14 @@ class Parser {
   CommandLine line_;
   ReadParser readParser_{line_.read};
   SimulatedOptions simulated_{line_.simulate.settings};
+  SelectionParser shown_{line_.show.of};
+  SelectionParser exported_{line_.exported.of};
   CLI::App app_{"Reads Irvela heat meters and gas correctors over a serial line."};
   CLI::App* read_ = app_.add_subcommand("read", "Reads an instrument and shows what it holds.");
   CLI::App* decode_ = app_.add_subcommand("decode", "Shows a stream that a reading kept.");
   CLI::App* list_ = app_.add_subcommand("list", "Lists what the store keeps.");
+  CLI::App* show_ = app_.add_subcommand("show", "Shows what the store keeps of an instrument.");
+  CLI::App* export_ = app_.add_subcommand("export", "Writes what the store keeps, a row a line.");
   CLI::App* simulate_ = app_.add_subcommand("simulate", "Is an instrument on a line.");
   CLI::App* models_ = app_.add_subcommand("models", "Lists the models and what their values mean.");
 };

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/cli/read_options.h"
+#include "host/cli/selection_options.h"
 #include "host/output/sinks.h"
 #include "simulator/simulator.h"
 
@@ -34,7 +35,23 @@ struct ListOptions {
   bool json = false;
 };
 
-enum class Command { kNone, kRead, kDecode, kList, kSimulate, kModels };
+struct ShowOptions {
+  StoreChoice of;
+  SinkOptions sinks;
+};
+
+enum class ExportForm { kCsv, kJsonLines, kInflux };
+
+struct ExportOptions {
+  StoreChoice of;
+  ExportForm form = ExportForm::kCsv;
+  UnitChoice units;
+  std::string out;  // file; empty: the standard output
+  bool force = false;
+  std::optional<long> utcOffset;  // seconds that the instruments' clocks are ahead of UTC
+};
+
+enum class Command { kNone, kRead, kDecode, kList, kShow, kExport, kSimulate, kModels };
 
 struct CommandLine {
   Command command = Command::kNone;
@@ -43,6 +60,8 @@ struct CommandLine {
   ReadOptions read;
   DecodeOptions decode;
   ListOptions list;
+  ShowOptions show;
+  ExportOptions exported;
   SimulateOptions simulate;
   ModelsOptions models;
 };

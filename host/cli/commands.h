@@ -10,6 +10,8 @@ int Read(const ReadOptions& options);
 int Decode(const DecodeOptions& options);
 int Simulate(const SimulateOptions& options);
 int ListStore(const ListOptions& options);
+int Show(const ShowOptions& options);
+int Export(const ExportOptions& options);
 int ListModels(const ModelsOptions& options);
 
 // The whole program but for its arguments. Never throws.

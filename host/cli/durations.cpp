@@ -35,7 +35,31 @@ seconds LengthOf(std::string_view text) {
   return seconds(-1);
 }
 
+// Takes two digits or one from the front of a text; below 0 when there are none, or too many.
+long TakeNumber(std::string_view& text) {
+  long number = -1;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+  const auto length = static_cast<std::size_t>(result.ptr - text.data());
+  text.remove_prefix(length);
+  return length <= 2 ? number : -1;
+}
+
 }  // namespace
+
+long RequireOffset(const std::string& text) {
+  std::string_view rest = text;
+  const bool behind = rest.starts_with('-');
+  if (behind || rest.starts_with('+')) rest.remove_prefix(1);
+  const long hours = TakeNumber(rest);
+  const bool exact = rest.starts_with(':');
+  if (exact) rest.remove_prefix(1);
+  const long minutes = exact ? TakeNumber(rest) : 0;
+  if (!rest.empty() || hours < 0 || hours > 23 || minutes < 0 || minutes > 59) {
+    throw UsageError("--utc-offset " + text + ": it looks like +03:00");
+  }
+  const long offset = hours * 3600 + minutes * 60;
+  return behind ? -offset : offset;
+}
 
 seconds RequireDuration(const char* option, const std::string& text, seconds least) {
   const seconds length = LengthOf(text);

@@ -11,6 +11,9 @@ namespace host {
 std::chrono::seconds RequireDuration(const char* option, const std::string& text,
                                      std::chrono::seconds least = std::chrono::seconds(1));
 
+// "+03:00", "-03:30", "3" as seconds, up to a day. Throws UsageError that names --utc-offset.
+long RequireOffset(const std::string& text);
+
 // Far beyond any reading, and safe to reckon with in every unit of time.
 inline constexpr std::chrono::hours kMostTime{24 * 1000};
 

@@ -18,6 +18,10 @@ int RunCommand(const CommandLine& line) {
       return Decode(line.decode);
     case Command::kList:
       return ListStore(line.list);
+    case Command::kShow:
+      return Show(line.show);
+    case Command::kExport:
+      return Export(line.exported);
     case Command::kSimulate:
       return Simulate(line.simulate);
     case Command::kModels:

@@ -18,22 +18,14 @@ constexpr const char* kExcelRuName = "excel-ru";
 const std::map<std::string, Format> kFormats = {
     {"table", Format::kTable}, {"json", Format::kJson}, {"csv", Format::kCsv}};
 
-void SetUnits(SinkOptions& sinks, const std::string& words) {
+UnitChoice RequireUnits(const std::string& words) {
   const std::optional<UnitChoice> choice = ParseUnitChoice(words);
   if (!choice) {
     throw UsageError("--units " + words +
                      ": there are as-is, for heat gcal, gj and mwh, for pressure kgf, mpa, kpa and "
                      "bar; one of each, as in gj,mpa");
   }
-  sinks.units = *choice;
-}
-
-void AddUnits(CLI::App& app, SinkOptions& sinks) {
-  app.add_option_function<std::string>(
-         "--units", [&sinks](const std::string& words) { SetUnits(sinks, words); },
-         "heat in gcal, gj or mwh, pressure in kgf, mpa, kpa or bar, as in gj,mpa")
-      ->option_text("UNITS")
-      ->default_str("as-is");
+  return *choice;
 }
 
 void AddFolder(CLI::App& app, SinkOptions& sinks) {
@@ -66,9 +58,17 @@ void AddSinkOptions(CLI::App& app, SinkOptions& sinks) {
   app.add_flag_callback(
          "--all", [&sinks] { sinks.rows = 0; }, "all rows of a section")
       ->excludes(rows);
-  AddUnits(app, sinks);
+  AddUnitsOption(app, sinks.units);
   AddFolder(app, sinks);
   sinks.width = OutputWidth();
+}
+
+void AddUnitsOption(CLI::App& app, UnitChoice& units) {
+  app.add_option_function<std::string>(
+         "--units", [&units](const std::string& words) { units = RequireUnits(words); },
+         "heat in gcal, gj or mwh, pressure in kgf, mpa, kpa or bar, as in gj,mpa")
+      ->option_text("UNITS")
+      ->default_str("as-is");
 }
 
 void AddStoreOption(CLI::App& app, std::optional<std::string>& db) {

@@ -15,6 +15,9 @@ namespace host {
 // sinks must live as long as app.
 void AddSinkOptions(CLI::App& app, SinkOptions& sinks);
 
+// "--units"; units must live as long as app.
+void AddUnitsOption(CLI::App& app, UnitChoice& units);
+
 // "--db [FILE]"; db must live as long as app, and is empty text when no file is named.
 void AddStoreOption(CLI::App& app, std::optional<std::string>& db);
 

@@ -100,7 +100,19 @@ std::vector<Field> FieldsOf(const Section& section, const UnitSettings& settings
     const UnitOf unit = TrueUnit(*layout, *found.entry, column, section.title, settings);
     fields.push_back(FieldOf(*found.run, *found.entry, unit));
   }
+  for (std::size_t i = 0; i < section.units.size() && i < fields.size(); ++i) {
+    fields[i] = WithUnit(fields[i], section.units[i]);
+  }
   return fields;
+}
+
+Field WithUnit(const Field& field, const std::string& shown) {
+  Field with = field;
+  with.unit = UnitByShownText(shown);
+  // An empty text stands for no unit and for one that nothing told.
+  if (with.unit.unit == Unit::kUnknown && !IsMeasured(field.quantity)) with.unit = Unit::kNone;
+  with.name = NameWith(field.base, with.unit.unit);
+  return with;
 }
 
 Field Converted(const Field& field, const UnitChoice& choice) {

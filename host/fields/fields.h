@@ -29,6 +29,9 @@ Field FieldOf(const ColumnRun& run, const Entry& entry, const UnitOf& unit);
 // ("x_foo"), an unknown quantity and the driver's unit.
 std::vector<Field> FieldsOf(const Section& section, const UnitSettings& settings = {});
 
+// The same value with its unit as a text shows it: "kgf/cm2".
+Field WithUnit(const Field& field, const std::string& shown);
+
 // The field of a value in the units that the user wants.
 Field Converted(const Field& field, const UnitChoice& choice);
 

@@ -148,6 +148,14 @@ UnitOf UnitByText(std::string_view told) {
   return {spelling->unit, TextOf(spelling->unit) + std::string(text.substr(blank))};
 }
 
+UnitOf UnitByShownText(const std::string& text) {
+  if (text.empty()) return Unit::kUnknown;
+  const std::string first = text.substr(0, text.find(' '));
+  const auto* known = std::find_if(std::begin(kKnown), std::end(kKnown),
+                                   [&](const Known& each) { return first == each.text; });
+  return {known == std::end(kKnown) ? Unit::kOther : known->unit, text};
+}
+
 Unit HeatUnitByCode(unsigned code) {
   constexpr std::array kUnits = {Unit::kGcal, Unit::kGj, Unit::kMwh};
   return code < kUnits.size() ? kUnits[code] : Unit::kUnknown;

@@ -51,6 +51,9 @@ struct UnitOf {
 // where there is none ("код", "h.m.s") give kNone, an empty one kUnknown.
 UnitOf UnitByText(std::string_view told);
 
+// The same by the text that UnitOf shows: "kgf/cm2", "kPa abs."; an empty one gives kUnknown.
+UnitOf UnitByShownText(const std::string& text);
+
 // The units that an instrument's setting of units (0, 1, 2) stands for; kUnknown for others.
 Unit HeatUnitByCode(unsigned code);
 Unit PressureUnitByCode(unsigned code);

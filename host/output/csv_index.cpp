@@ -29,7 +29,7 @@ const Line kColumns = {"file", "column",      "field",   "quantity",   "pipe",
 Line TitleFields(const std::string& file, const Title& title) {
   Line line = {file, KindName(title.kind), title.section, title.model, title.version, title.number,
                {}};
-  if (!file.empty()) line.back() = DateText(title.time);
+  if (!file.empty()) line.back() = ClockText(title);
   return line;
 }
 

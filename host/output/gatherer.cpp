@@ -113,6 +113,7 @@ std::string GatheringKey(const Section& section) {
     key += static_cast<char>(column.width);
     key += column.name + '\n';
   }
+  for (const std::string& unit : section.units) key += unit + '\n';
   return key;
 }
 

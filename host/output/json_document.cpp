@@ -52,7 +52,7 @@ void AppendTitle(JsonWriter& writer, const Title& title) {
   AppendText(writer, "model", title.model);
   AppendText(writer, "version", title.version);
   AppendText(writer, "number", title.number);
-  AppendText(writer, "clock", DateText(title.time));
+  AppendTextOrNull(writer, "clock", ClockText(title));
 }
 
 // Rows of current values have a clock each.

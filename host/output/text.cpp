@@ -13,10 +13,16 @@ std::string SectionName(tav::TitleKind kind, const std::string& section) {
   return fmt::format("{}{}{}", KindName(kind), section.empty() ? "" : " ", section);
 }
 
+std::string ClockText(const Title& title) {
+  return title.time.month == 0 ? std::string() : DateText(title.time);
+}
+
 std::string SectionHeading(const Section& section) {
   const Title& title = section.title;
-  return fmt::format("{}: {} {}, number {}, clock {}", SectionName(title.kind, title.section),
-                     title.model, title.version, title.number, DateText(title.time));
+  const std::string clock = ClockText(title);
+  return fmt::format("{}: {} {}, number {}{}{}", SectionName(title.kind, title.section),
+                     title.model, title.version, title.number, clock.empty() ? "" : ", clock ",
+                     clock);
 }
 
 std::vector<std::string> AccountLines(const SectionAccount& account, std::size_t most) {

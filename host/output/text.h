@@ -17,6 +17,9 @@ inline constexpr const char* kTimes = "instrument clock, no zone";
 // "hours ТВ1"; "hours" without a part of the instrument.
 std::string SectionName(tav::TitleKind kind, const std::string& section);
 
+// "2016-09-04 13:05:09"; empty where a title tells no clock.
+std::string ClockText(const Title& title);
+
 // "hours ТВ1: УРМ523 V3, number 12345, clock 2016-09-04 13:05:09".
 std::string SectionHeading(const Section& section);
 

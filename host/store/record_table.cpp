@@ -48,19 +48,6 @@ void Use(soci::statement& statement, Slot& slot) {
   statement.exchange(soci::use(slot.text, slot.indicator));
 }
 
-void Into(soci::statement& statement, Slot& slot) {
-  switch (slot.type) {
-    case Slot::Type::kInteger:
-      return statement.exchange(soci::into(slot.integer, slot.indicator));
-    case Slot::Type::kReal:
-    case Slot::Type::kWideReal:
-      return statement.exchange(soci::into(slot.number, slot.indicator));
-    case Slot::Type::kText:
-      break;
-  }
-  statement.exchange(soci::into(slot.text, slot.indicator));
-}
-
 void Prepare(soci::statement& statement, const std::string& text) {
   statement.alloc();
   statement.prepare(text);

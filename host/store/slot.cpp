@@ -50,6 +50,19 @@ bool Slot::Take(const Cell& cell) {
   return true;
 }
 
+void Into(soci::statement& statement, Slot& slot) {
+  switch (slot.type) {
+    case Slot::Type::kInteger:
+      return statement.exchange(soci::into(slot.integer, slot.indicator));
+    case Slot::Type::kReal:
+    case Slot::Type::kWideReal:
+      return statement.exchange(soci::into(slot.number, slot.indicator));
+    case Slot::Type::kText:
+      break;
+  }
+  statement.exchange(soci::into(slot.text, slot.indicator));
+}
+
 bool SameValue(const Slot& left, const Slot& right) {
   if (left.IsNull() || right.IsNull()) return left.IsNull() == right.IsNull();
   switch (left.type) {

@@ -31,6 +31,9 @@ struct Slot {
   bool Take(const Cell& cell);
 };
 
+// The statement puts what it finds in its next column there; before it is defined.
+void Into(soci::statement& statement, Slot& slot);
+
 bool SameValue(const Slot& left, const Slot& right);
 
 // The number that a float's shortest text says; double as it is; 0 for others.

@@ -40,8 +40,11 @@ struct Section {
   Title title;
   // Only tables of some instruments announce their number of columns, and a layout may stop before
   // the last one.
-  std::optional<unsigned> announced;
-  std::vector<Column> columns;
+  std::optional<unsigned> announced{};
+  std::vector<Column> columns{};
+  // Of a section that was kept with them: the true unit of each column, see host/fields. Empty: they
+  // are to be found out.
+  std::vector<std::string> units{};
 };
 
 // The bytes of a row that the columns describe.

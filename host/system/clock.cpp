@@ -17,4 +17,11 @@ SYSTEMTIME LocalNow() {
   return time;
 }
 
+long ZoneOffset() {
+  const std::time_t now = std::time(nullptr);
+  std::tm utc = *std::gmtime(&now);
+  utc.tm_isdst = 0;
+  return static_cast<long>(std::difftime(now, std::mktime(&utc)));
+}
+
 }  // namespace host
