@@ -13,7 +13,9 @@ if(WIN32)
 endif()
 
 # What the store needs. Its files are SQLite's, a server PostgreSQL's.
-if(IRVELA_STORE)
+if(WIN32)
+  include(cmake/database_from_sources.cmake)
+else()
   find_path(SQLITE_INCLUDE sqlite3.h REQUIRED)
   find_path(POSTGRESQL_INCLUDE libpq-fe.h PATH_SUFFIXES postgresql REQUIRED)
   find_path(SOCI_INCLUDE soci/soci.h REQUIRED)

@@ -12,16 +12,12 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
 
 # The Debian packages of the libraries whose code is in the programs.
-set(notice_packages libasio-dev libcli11-dev libfmt-dev nlohmann-json3-dev)
+set(notice_packages libasio-dev libcli11-dev libfmt-dev nlohmann-json3-dev libsoci-dev libsqlite3-dev)
 
 set(documents ${CMAKE_SOURCE_DIR}/README.md ${CMAKE_SOURCE_DIR}/CHANGELOG.md)
 set(references ${CMAKE_SOURCE_DIR}/docs/binary-interface.md
   ${CMAKE_SOURCE_DIR}/docs/output-records.md ${CMAKE_SOURCE_DIR}/docs/records.md
-  ${CMAKE_SOURCE_DIR}/docs/raw-file.md)
-if(IRVELA_STORE)
-  list(APPEND notice_packages libsoci-dev libboost1.74-dev libsqlite3-dev libpq-dev)
-  list(APPEND references ${CMAKE_SOURCE_DIR}/docs/store.md)
-endif()
+  ${CMAKE_SOURCE_DIR}/docs/raw-file.md ${CMAKE_SOURCE_DIR}/docs/store.md)
 if(WIN32)
   # The compiler's C++ runtime, and the system's C runtime and threads.
   list(APPEND notice_packages g++-mingw-w64-i686-posix mingw-w64-i686-dev)
@@ -31,6 +27,7 @@ if(WIN32)
   install(FILES ${documents} DESTINATION .)
   install(FILES ${references} DESTINATION docs)
 else()
+  list(APPEND notice_packages libboost1.74-dev libpq-dev)
   set(notices ${CMAKE_INSTALL_DOCDIR}/copyright)
   set(CPACK_GENERATOR DEB)
   set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

@@ -28,6 +28,7 @@ install_packages "${native_packages[@]}" "${database_packages[@]}"
 if [ "$windows" = yes ]; then
   install_packages "${windows_packages[@]}"
   install_wine
+  ./scripts/windows-sources.sh
   presets+=(windows)
   export WINEDEBUG=-all WINEPREFIX=$PWD/build/wine
   mkdir -p "$WINEPREFIX"

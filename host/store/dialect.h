@@ -1,5 +1,6 @@
 // What differs between the databases: types, settings, the beginning of a transaction, and how they
-// tell what went wrong. All other statements are the same for both.
+// tell what went wrong. All other statements are the same for both. sqlite.cpp and postgres.cpp
+// hold the two.
 #pragma once
 
 #include <soci/soci.h>
@@ -27,7 +28,8 @@ bool IsServer(const std::string& address);
 // The address without what must not be shown: a password.
 std::string ShownAddress(const std::string& address);
 
-// Opens and sets up a session. Throws soci::soci_error.
+// Opens and sets up a session. Throws soci::soci_error, and as
+// OpenServer in backends.h.
 const Dialect& Connect(soci::session& session, const std::string& address);
 
 // The database's own words for what went wrong last, one line.

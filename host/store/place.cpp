@@ -1,33 +1,18 @@
 #include "host/store/place.h"
 
-#include <cstdlib>
-
 #include "host/store/dialect.h"
 #include "host/system/files.h"
+#include "host/system/folders.h"
 
 namespace host {
-namespace {
 
 namespace fs = std::filesystem;
 
-std::string Variable(const char* name) {
-  const char* value = std::getenv(name);
-  return value == nullptr ? "" : value;
-}
-
-fs::path DataFolder() {
-  const std::string own = Variable("XDG_DATA_HOME");
-  if (!own.empty()) return PathOf(own);
-  const std::string home = Variable("HOME");
-  if (home.empty()) throw std::runtime_error("--db needs a file name: there is no home folder");
-  return PathOf(home) / ".local" / "share";
-}
-
-}  // namespace
-
 std::string PlaceOfStore(const std::string& address) {
   if (!address.empty()) return address;
-  const fs::path folder = DataFolder() / "irvela";
+  const fs::path data = DataFolder();
+  if (data.empty()) throw std::runtime_error("--db needs a file name: there is no home folder");
+  const fs::path folder = data / "irvela";
   std::error_code error;
   fs::create_directories(folder, error);
   if (error) throw FileError("make", folder, error);

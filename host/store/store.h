@@ -1,7 +1,5 @@
 // The archive that readings are kept in: a database that outlives them. docs/store.md tells its
 // tables.
-//
-// Where the program is built without one, all of this throws UsageError that says so.
 #pragma once
 
 #include <functional>
@@ -15,7 +13,8 @@ namespace host {
 // address: a file, made when it does not exist, or "postgresql://..."; empty: the file in the
 // user's data folder. report is told one line at the end of the run: how many records are new and
 // how many have changed. Throws std::runtime_error with one sentence when the store cannot be
-// opened; the sink throws the same when it cannot be written.
+// opened; the sink throws the same when it cannot be written. Throws UsageError for a server where
+// the program is built without PostgreSQL.
 using StoreReport = std::function<void(const std::string&)>;
 std::unique_ptr<RunListener> MakeStoreSink(const std::string& address, StoreReport report);
 

@@ -25,7 +25,7 @@ class ScratchFolder {
   ScratchFolder(const ScratchFolder&) = delete;
   ScratchFolder& operator=(const ScratchFolder&) = delete;
 
-  std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
+  std::filesystem::path operator/(const std::filesystem::path& name) const { return path_ / name; }
   std::string Load(const std::string& name) const {
     std::ifstream file(path_ / name, std::ios::binary);
     std::ostringstream text;

@@ -13,7 +13,7 @@ package=$(echo irvela-*-windows-x86.zip)
 "$cmake" -E tar xf "$package"
 cd "${package%.zip}"
 for library in libasio-dev libcli11-dev libfmt-dev nlohmann-json3-dev "GCC RUNTIME LIBRARY EXCEPTION" \
-  mingw-w64-i686-dev; do
+  libsoci-dev libsqlite3-dev mingw-w64-i686-dev; do
   grep -qF "$library" THIRD-PARTY.txt || { echo "no notice of $library"; exit 1; }
 done
 ls bin/TKSplDrv.dll lib/libTKSplDrv.dll.a lib/TKSplDrv.lib include/TKSplDrv/driver.h README.md \

@@ -2,6 +2,7 @@
 #include "host/store/store.h"
 
 #include <doctest/doctest.h>
+#include <fmt/format.h>
 #include <soci/soci.h>
 #include <soci/sqlite3/soci-sqlite3.h>
 
@@ -38,22 +39,24 @@ class Store {
 
   // The rows, with '|' between their values and ';' between them.
   std::string Ask(const std::string& question) const {
-    soci::session session(soci::sqlite3, "dbname=" + Path());
+    soci::session session(soci::sqlite3, fmt::format("dbname=\"{}\"", Path()));
     const soci::rowset<soci::row> rows = session.prepare << question;
     std::string text;
     for (const soci::row& row : rows) {
       if (!text.empty()) text += ';';
-      for (std::size_t i = 0; i < row.size(); ++i) text += (i > 0 ? "|" : "") + TextOf(row, i);
+      for (std::size_t i = 0; i < row.size(); ++i)
+        text.append(i > 0 ? "|" : "").append(TextOf(row, i));
     }
     return text;
   }
 
   void Do(const std::string& statement) const {
-    soci::session session(soci::sqlite3, "dbname=" + Path());
+    soci::session session(soci::sqlite3, fmt::format("dbname=\"{}\"", Path()));
     session << statement;
   }
 
-  std::string Path() const { return host::PathText(folder_ / "archive.db"); }
+  // A name as users have them.
+  std::string Path() const { return host::PathText(folder_ / host::PathOf("Мой архив 1.db")); }
 
  private:
   static std::string TextOf(const soci::row& row, std::size_t i) {
@@ -109,7 +112,7 @@ TEST_CASE("every archive record of every model is there by its field names") {
       std::string expected;
       const host::Cells& row = kept.rows.back();
       for (std::size_t i = 0; i < row.size(); ++i) {
-        expected += (i > 0 ? "|" : "") + host::CellText(row[i]);
+        expected.append(i > 0 ? "|" : "").append(host::CellText(row[i]));
       }
       CHECK(store.Ask(question + " FROM " + layout.view + " WHERE system = '" +
                       kept.section.title.section + "' AND time = '" + host::CellText(row.front()) +
@@ -209,6 +212,13 @@ TEST_CASE("a section that no table knows is kept whole") {
                   "s.id = section JOIN instruments i ON i.id = s.instrument") ==
         "@tcp:gateway:4001, number 1|2016-09-04 01:00:00|{\"x_new\":0.1}");
 }
+
+#ifdef _WIN32
+TEST_CASE("a server is refused where there is no library of it") {
+  CHECK_THROWS_WITH_AS(host::MakeStoreSink("postgresql://user@host/name", {}),
+                       doctest::Contains("--db: "), host::UsageError);
+}
+#endif
 
 TEST_CASE("a store learns columns that the table of fields has new") {
   const Store store;
