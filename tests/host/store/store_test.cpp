@@ -11,6 +11,7 @@
 #include "host/reading/periods.h"
 #include "host/store/kept.h"
 #include "host/store/record_layout.h"
+#include "host/store/slot.h"
 #include "host/system/files.h"
 #include "tests/host/fields/instrument_reading.h"
 #include "tests/host/scratch_folder.h"
@@ -199,6 +200,13 @@ TEST_CASE("records that are not there") {
   hours.rows.push_back(row);
   store.Keep(sections);
   CHECK(store.Ask(absences) == "hours|absent|3;months|missing|2");
+}
+
+TEST_CASE("a value is the number that its shortest text says") {
+  for (const float value : {0.1F, -0.0F, 12.345F, 999999.94F, 0.00012F, 8388608.5F, 1e20F,
+                            3.14159274F, 1048575.06F, 0.99995F, -7.0625F}) {
+    CHECK(host::ShownNumber(value) == std::stod(host::CellText(value)));
+  }
 }
 
 TEST_CASE("a section that no table knows is kept whole") {
