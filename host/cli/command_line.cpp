@@ -131,6 +131,7 @@ class Parser {
     AddList(*list_, line_.list);
     AddShow(*show_, shown_, line_.show);
     AddExport(*export_, exported_, line_.exported);
+    paramsParser_.AddTo(*params_);
     AddSimulate(*simulate_, line_.simulate);
     simulated_.AddTo(*simulate_);
     AddModels(*models_, line_.models);
@@ -169,6 +170,9 @@ class Parser {
     } else if (export_->parsed()) {
       line_.command = Command::kExport;
       exported_.Finish();
+    } else if (params_->parsed()) {
+      line_.command = Command::kParams;
+      paramsParser_.Finish();
     } else if (simulate_->parsed()) {
       line_.command = Command::kSimulate;
       simulated_.Finish("simulate", line_.simulate.settings.model);
@@ -195,6 +199,7 @@ class Parser {
 
   CommandLine line_;
   ReadParser readParser_{line_.read};
+  ParamsParser paramsParser_{line_.params};
   SimulatedOptions simulated_{line_.simulate.settings};
   SelectionParser shown_{line_.show.of};
   SelectionParser exported_{line_.exported.of};
@@ -204,6 +209,8 @@ class Parser {
   CLI::App* list_ = app_.add_subcommand("list", "Lists what the store keeps.");
   CLI::App* show_ = app_.add_subcommand("show", "Shows what the store keeps of an instrument.");
   CLI::App* export_ = app_.add_subcommand("export", "Writes what the store keeps, a row a line.");
+  CLI::App* params_ =
+      app_.add_subcommand("params", "Shows parameters of instruments, and what changed.");
   CLI::App* simulate_ = app_.add_subcommand("simulate", "Is an instrument on a line.");
   CLI::App* models_ = app_.add_subcommand("models", "Lists the models and what their values mean.");
 };

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/cli/params_options.h"
 #include "host/cli/read_options.h"
 #include "host/cli/selection_options.h"
 #include "host/output/sinks.h"
@@ -51,7 +52,7 @@ struct ExportOptions {
   std::optional<long> utcOffset;  // seconds that the instruments' clocks are ahead of UTC
 };
 
-enum class Command { kNone, kRead, kDecode, kList, kShow, kExport, kSimulate, kModels };
+enum class Command { kNone, kRead, kDecode, kList, kShow, kExport, kParams, kSimulate, kModels };
 
 struct CommandLine {
   Command command = Command::kNone;
@@ -62,6 +63,7 @@ struct CommandLine {
   ListOptions list;
   ShowOptions show;
   ExportOptions exported;
+  ParamsOptions params;
   SimulateOptions simulate;
   ModelsOptions models;
 };

@@ -8,6 +8,7 @@ namespace host {
 
 int Read(const ReadOptions& options);
 int Decode(const DecodeOptions& options);
+int ShowParameters(const ParamsOptions& options);
 int Simulate(const SimulateOptions& options);
 int ListStore(const ListOptions& options);
 int Show(const ShowOptions& options);

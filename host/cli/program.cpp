@@ -22,6 +22,8 @@ int RunCommand(const CommandLine& line) {
       return Show(line.show);
     case Command::kExport:
       return Export(line.exported);
+    case Command::kParams:
+      return ShowParameters(line.params);
     case Command::kSimulate:
       return Simulate(line.simulate);
     case Command::kModels:
