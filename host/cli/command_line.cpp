@@ -132,6 +132,7 @@ class Parser {
     AddShow(*show_, shown_, line_.show);
     AddExport(*export_, exported_, line_.exported);
     paramsParser_.AddTo(*params_);
+    gapsParser_.AddTo(*gaps_);
     AddSimulate(*simulate_, line_.simulate);
     simulated_.AddTo(*simulate_);
     AddModels(*models_, line_.models);
@@ -173,6 +174,9 @@ class Parser {
     } else if (params_->parsed()) {
       line_.command = Command::kParams;
       paramsParser_.Finish();
+    } else if (gaps_->parsed()) {
+      line_.command = Command::kGaps;
+      gapsParser_.Finish();
     } else if (simulate_->parsed()) {
       line_.command = Command::kSimulate;
       simulated_.Finish("simulate", line_.simulate.settings.model);
@@ -200,6 +204,7 @@ class Parser {
   CommandLine line_;
   ReadParser readParser_{line_.read};
   ParamsParser paramsParser_{line_.params};
+  GapsParser gapsParser_{line_.gaps};
   SimulatedOptions simulated_{line_.simulate.settings};
   SelectionParser shown_{line_.show.of};
   SelectionParser exported_{line_.exported.of};
@@ -211,6 +216,7 @@ class Parser {
   CLI::App* export_ = app_.add_subcommand("export", "Writes what the store keeps, a row a line.");
   CLI::App* params_ =
       app_.add_subcommand("params", "Shows parameters of instruments, and what changed.");
+  CLI::App* gaps_ = app_.add_subcommand("gaps", "Shows which records the store lacks.");
   CLI::App* simulate_ = app_.add_subcommand("simulate", "Is an instrument on a line.");
   CLI::App* models_ = app_.add_subcommand("models", "Lists the models and what their values mean.");
 };

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/cli/gaps_options.h"
 #include "host/cli/params_options.h"
 #include "host/cli/read_options.h"
 #include "host/cli/selection_options.h"
@@ -52,7 +53,18 @@ struct ExportOptions {
   std::optional<long> utcOffset;  // seconds that the instruments' clocks are ahead of UTC
 };
 
-enum class Command { kNone, kRead, kDecode, kList, kShow, kExport, kParams, kSimulate, kModels };
+enum class Command {
+  kNone,
+  kRead,
+  kDecode,
+  kList,
+  kShow,
+  kExport,
+  kParams,
+  kGaps,
+  kSimulate,
+  kModels
+};
 
 struct CommandLine {
   Command command = Command::kNone;
@@ -64,6 +76,7 @@ struct CommandLine {
   ShowOptions show;
   ExportOptions exported;
   ParamsOptions params;
+  GapsOptions gaps;
   SimulateOptions simulate;
   ModelsOptions models;
 };

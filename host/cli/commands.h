@@ -13,6 +13,7 @@ int Simulate(const SimulateOptions& options);
 int ListStore(const ListOptions& options);
 int Show(const ShowOptions& options);
 int Export(const ExportOptions& options);
+int ShowGaps(const GapsOptions& options);
 int ListModels(const ModelsOptions& options);
 
 // The whole program but for its arguments. Never throws.

@@ -24,6 +24,8 @@ int RunCommand(const CommandLine& line) {
       return Export(line.exported);
     case Command::kParams:
       return ShowParameters(line.params);
+    case Command::kGaps:
+      return ShowGaps(line.gaps);
     case Command::kSimulate:
       return Simulate(line.simulate);
     case Command::kModels:

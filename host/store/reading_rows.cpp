@@ -1,6 +1,8 @@
 #include "host/store/reading_rows.h"
 
-#include "host/reading/periods.h"
+#include <algorithm>
+#include <limits>
+
 #include "host/system/clock.h"
 
 namespace host {
@@ -91,10 +93,17 @@ void ReadingRows::AddLogEntry(const Place& place, const FieldValues& entry) {
       soci::use(place.format);
 }
 
-// No answer does not unlearn that the instrument has no such record.
-void ReadingRows::SetAbsent(long long section, tav::TitleKind kind,
-                            const std::vector<DateRange>& ranges, const std::string& state) {
+// A clock that is none says nothing of what is due.
+ReadingRows::Due ReadingRows::DueOf(tav::TitleKind kind, const TAVDT& clock) {
   const Period period = PeriodOf(kind).value();
+  const auto hour = IsDate(clock) ? NumberOf(Period::kHour, clock) : std::nullopt;
+  if (!hour) return {period, std::numeric_limits<PeriodNumber>::max()};
+  return {period, NumberOf(period, StartOf(Period::kHour, *hour - 1)).value_or(0) - 1};
+}
+
+// No answer does not unlearn that the instrument has no such record.
+void ReadingRows::SetAbsent(long long section, const Due& due, const std::vector<DateRange>& ranges,
+                            const std::string& state) {
   long long number = 0;
   soci::statement insert =
       (database_.Session().prepare
@@ -104,16 +113,17 @@ void ReadingRows::SetAbsent(long long section, tav::TitleKind kind,
               "WHERE absences.state <> 'absent' OR excluded.state = 'absent'",
        soci::use(section), soci::use(number), soci::use(state), soci::use(id_));
   for (const DateRange& range : ranges) {
-    const PeriodNumber last = NumberOf(period, range.last).value_or(-1);
-    for (number = NumberOf(period, range.first).value_or(0); number <= last; ++number) {
+    const PeriodNumber last = std::min(NumberOf(due.period, range.last).value_or(-1), due.last);
+    for (number = NumberOf(due.period, range.first).value_or(0); number <= last; ++number) {
       insert.execute(true);
     }
   }
 }
 
-void ReadingRows::SetAbsent(long long section, const SectionAccount& account) {
-  SetAbsent(section, account.kind, account.missing, "missing");
-  SetAbsent(section, account.kind, account.absent, "absent");
+void ReadingRows::SetAbsent(long long section, const SectionAccount& account, const TAVDT& clock) {
+  const Due due = DueOf(account.kind, clock);
+  SetAbsent(section, due, account.missing, "missing");
+  SetAbsent(section, due, account.absent, "absent");
 }
 
 void ReadingRows::ClearAbsent(long long section, const std::string& records) {

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+#include "host/reading/periods.h"
 #include "host/reading/run_listener.h"
 #include "host/store/database.h"
 
@@ -39,13 +40,19 @@ class ReadingRows {
   void AddParameters(const Place& place, const FieldValues& parameters);
   // Nothing is added when the entry is there.
   void AddLogEntry(const Place& place, const FieldValues& entry);
-  // Records that are not there. records: the table of the section's records; what stands there is
-  // not absent.
-  void SetAbsent(long long section, const SectionAccount& account);
+  // Records that are not there; what was not over for an hour by the instrument's clock is not to
+  // be there yet. records: the table of the section's records; what stands there is not absent.
+  void SetAbsent(long long section, const SectionAccount& account, const TAVDT& clock);
   void ClearAbsent(long long section, const std::string& records);
 
  private:
-  void SetAbsent(long long section, tav::TitleKind kind, const std::vector<DateRange>& ranges,
+  // Periods of an archive whose records are to be there.
+  struct Due {
+    Period period{};
+    PeriodNumber last = 0;
+  };
+  static Due DueOf(tav::TitleKind kind, const TAVDT& clock);
+  void SetAbsent(long long section, const Due& due, const std::vector<DateRange>& ranges,
                  const std::string& state);
 
   Database& database_;

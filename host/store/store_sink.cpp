@@ -82,6 +82,7 @@ void StoreSink::BeginSection(const Section& section) {
   seen_.See(section);
   open_ = std::make_shared<Open>();
   open_->section = section;
+  clock_ = section.title.time;
 }
 
 void StoreSink::AddRow(const Section& section, const Cells& cells) {
@@ -208,7 +209,7 @@ void StoreSink::WriteAbsences(const RunEnd& end) {
     if (account.missing.empty() && account.absent.empty()) continue;
     const long long section =
         catalogue_.AddSection(instrument_, KindName(account.kind), account.section, "");
-    reading_.SetAbsent(section, account);
+    reading_.SetAbsent(section, account, clock_);
     const std::string records = catalogue_.RecordsOf(section);
     if (!records.empty()) archives_[section] = records;
   }

@@ -62,6 +62,7 @@ class StoreSink final : public RunListener {
   Run run_;
   UnitSettings seen_;  // where the run tells none
   long long instrument_ = 0;
+  TAVDT clock_{};  // the instrument's, as the last section told it
   std::shared_ptr<Open> open_;
   std::vector<Row> rows_;
   std::map<std::string, std::unique_ptr<RecordTable>> tables_;  // by name

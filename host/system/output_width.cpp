@@ -31,6 +31,8 @@ std::size_t WidthOr(std::size_t terminal) {
 
 std::size_t OutputWidth() { return std::max(WidthOr(OutputTerminalWidth()), kLeast); }
 
+bool OutputShowsUtf8() { return OutputTerminalWidth() > 0 && TerminalTakesUtf8(); }
+
 // What stands there can be cut.
 std::size_t ErrorWidth() { return WidthOr(ErrorTerminalWidth()); }
 

@@ -16,6 +16,9 @@ std::size_t WidthOf(DWORD stream) {
 
 std::size_t OutputTerminalWidth() { return WidthOf(STD_OUTPUT_HANDLE); }
 
+// See SetUpConsole.
+bool TerminalTakesUtf8() { return true; }
+
 std::size_t ErrorTerminalWidth() { return WidthOf(STD_ERROR_HANDLE); }
 
 }  // namespace host

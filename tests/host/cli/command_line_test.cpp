@@ -74,7 +74,7 @@ TEST_CASE("what the option library finds is told in sentences") {
     const char* sentence;
   };
   const Case cases[] = {
-      {{}, "give a command, one of read, decode, list, simulate, models (irvela --help tells more)"},
+      {{}, "give a command, one of read, decode, list, gaps, simulate, models (irvela --help tells more)"},
       {{"--all"}, "there is no option --all (irvela --help tells more)"},
       {{"read", "--number", "1"},
        "give exactly one of --port, --tcp, --simulate (irvela read --help tells more)"},

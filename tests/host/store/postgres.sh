@@ -48,7 +48,13 @@ reading() {
   "$irvela" read --simulate "$model" --clock "2016-09-10 12:00:05" "$@" >/dev/null 2>log
 }
 
-# What stands in a file stands on the server.
+# What stands in a file stands on the server; the first reading loses records.
+for place in file.db "$db"; do
+  code=0
+  reading 523 --groups MSH --from 2016-08-31 --to 2016-09-03 --fault no-reply:30 --attempts 1 \
+    --retry-gaps 0 --db "$place" || code=$?
+  [ "$code" = 3 ] || fail "exit code $code with gaps"
+done
 for model in 523 k7-523; do
   for place in file.db file.db "$db" "$db"; do
     reading "$model" --from 2016-09-01 --to 2016-09-04 --db "$place" || fail "$model: $place"
@@ -73,6 +79,11 @@ done
 "$irvela" list --db file.db --format json >in_file
 "$irvela" list --db "$db" --format json >on_server
 diff in_file on_server >log || fail "the lists differ"
+"$irvela" gaps --db file.db --from 2016-08-31 --format json >in_file || [ $? = 3 ]
+"$irvela" gaps --db "$db" --from 2016-08-31 --format json >on_server || [ $? = 3 ]
+grep -q '"state":"missing"' in_file || fail "no gaps"
+sed -i -E 's/("learnt":")[^"]*/\1/g' in_file on_server
+diff in_file on_server >log || fail "the gaps differ"
 ask_examples "$page" sqlite3 file.db
 ask_examples "$page" ask
 
