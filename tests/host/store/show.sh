@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # What the store shows is what the reading told, for every model; only when an archive was read is
 # not kept with it.
-# usage: show.sh IRVELA
+# usage: show.sh IRVELA...
 set -euo pipefail
-irvela=$(realpath "$1")
+irvela=("$@")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
@@ -23,24 +23,24 @@ same() {
 # The driver's pauses take most of the time of a reading.
 readings=()
 for model in 521 522 523 521.1x 721 k7-521 k7-523; do
-  "$irvela" read --simulate "$model" "${period[@]}" --db "$model.db" --raw "$model.raw" \
+  "${irvela[@]}" read --simulate "$model" "${period[@]}" --db "$model.db" --raw "$model.raw" \
     --out "read-$model" >/dev/null 2>&1 &
   readings+=($!)
 done
 for reading in "${readings[@]}"; do wait "$reading" || fail "a reading failed"; done
 
 for model in 521 522 523 521.1x 721 k7-521 k7-523; do
-  "$irvela" show --db "$model.db" --out "shown-$model" >/dev/null
+  "${irvela[@]}" show --db "$model.db" --out "shown-$model" >/dev/null
   same "read-$model" "shown-$model"
 done
 
 # A change of units is no change of values.
-"$irvela" show --db 523.db --units gj,kpa --out wanted >/dev/null
-"$irvela" decode 523.raw --units gj,kpa --out decoded >/dev/null
+"${irvela[@]}" show --db 523.db --units gj,kpa --out wanted >/dev/null
+"${irvela[@]}" decode 523.raw --units gj,kpa --out decoded >/dev/null
 same decoded wanted
 
-"$irvela" export --db 523.db --format jsonl --out rows.jsonl 2>/dev/null
-"$irvela" export --db 523.db --format influx --utc-offset 3 --out points 2>/dev/null
+"${irvela[@]}" export --db 523.db --format jsonl --out rows.jsonl 2>/dev/null
+"${irvela[@]}" export --db 523.db --format influx --utc-offset 3 --out points 2>/dev/null
 rows=$(tail -q -n +2 shown-523/[0-9]*.csv | wc -l)
 [ "$(wc -l <rows.jsonl)" = "$rows" ] || fail "not all rows exported"
 [ "$(sed -E 's/ [^ ]+( [0-9]+)$/\1/' points | sort -u | wc -l)" = "$rows" ] ||

@@ -1,14 +1,14 @@
 #!/bin/bash
 # What can be wrong with a database: one line says so, the exit code is 1, and nothing is harmed.
-# usage: troubles.sh IRVELA
+# usage: troubles.sh IRVELA...
 set -euo pipefail
-irvela=$1
+irvela=("$@")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
 
 reading() {
-  "$irvela" read --simulate 523 --groups H --clock "2016-09-10 12:00:05" \
+  "${irvela[@]}" read --simulate 523 --groups H --clock "2016-09-10 12:00:05" \
     --from "${from:-2016-09-01}" --to 2016-09-04 "$@" >/dev/null 2>log
 }
 
@@ -56,13 +56,13 @@ refused "a damaged store" "damaged.db: database disk image is malformed" --db da
 
 # What is not there is not made by asking.
 code=0
-"$irvela" list --db none.db 2>log || code=$?
+"${irvela[@]}" list --db none.db 2>log || code=$?
 [ "$code" = 1 ] && grep -q 'irvela: there is no store none.db' log && [ ! -e none.db ]
 
 # Two programs wait for each other.
 reading --db both.db &
 first=$!
-"$irvela" read --simulate k7-523 --groups H --clock "2016-09-10 12:00:05" \
+"${irvela[@]}" read --simulate k7-523 --groups H --clock "2016-09-10 12:00:05" \
   --from 2016-09-01 --to 2016-09-04 --db both.db >/dev/null 2>other || { cat other >&2; exit 1; }
 wait "$first" || { cat log >&2; exit 1; }
 [ "$(hours both.db)" = $'ok\n192' ]
