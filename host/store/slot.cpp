@@ -14,7 +14,7 @@ bool IsReal(Slot::Type type) { return type == Slot::Type::kReal || type == Slot:
 // fewest decimals that is this float is the shortest text below 2^20.
 std::optional<double> FewDecimals(float value) {
   if (!(std::fabs(value) < 0x1p20F)) return std::nullopt;
-  for (double scale = 1; scale <= 1e4; scale *= 10) {
+  for (const double scale : {1.0, 10.0, 100.0, 1000.0, 10000.0}) {
     const double number = std::nearbyint(double{value} * scale) / scale;
     if (static_cast<float>(number) == value) return number;
   }

@@ -13,7 +13,7 @@ std::filesystem::path Variable(const char* name) {
 }  // namespace
 
 std::filesystem::path DataFolder() {
-  const std::filesystem::path own = Variable("XDG_DATA_HOME");
+  std::filesystem::path own = Variable("XDG_DATA_HOME");
   if (!own.empty()) return own;
   const std::filesystem::path home = Variable("HOME");
   return home.empty() ? home : home / ".local" / "share";
