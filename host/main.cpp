@@ -1,4 +1,4 @@
-#include "host/cli/commands.h"
+#include "host/cli/command_line.h"
 #include "host/system/console.h"
 
 int main(int argc, char** argv) {

@@ -1,22 +1,31 @@
-// What each command does. They return the exit code and throw std::exception with one sentence when
-// they fail.
+// All commands of the program.
 #pragma once
 
-#include "host/cli/command_line.h"
+#include <memory>
+#include <span>
+
+#include "host/cli/command.h"
 
 namespace host {
 
-int Read(const ReadOptions& options);
-int Decode(const DecodeOptions& options);
-int ShowParameters(const ParamsOptions& options);
-int Simulate(const SimulateOptions& options);
-int ListStore(const ListOptions& options);
-int Show(const ShowOptions& options);
-int Export(const ExportOptions& options);
-int ShowGaps(const GapsOptions& options);
-int ListModels(const ModelsOptions& options);
+struct CommandRow {
+  const char* name;
+  const char* about;  // one sentence
+  std::unique_ptr<Command> (*make)();
+};
 
-// The whole program but for its arguments. Never throws.
-int RunProgram(const std::vector<std::string>& arguments);
+// In the order in which help tells them.
+std::span<const CommandRow> Commands();
+
+// One file each.
+std::unique_ptr<Command> MakeReadCommand();
+std::unique_ptr<Command> MakeDecodeCommand();
+std::unique_ptr<Command> MakeListCommand();
+std::unique_ptr<Command> MakeShowCommand();
+std::unique_ptr<Command> MakeGapsCommand();
+std::unique_ptr<Command> MakeParamsCommand();
+std::unique_ptr<Command> MakeExportCommand();
+std::unique_ptr<Command> MakeSimulateCommand();
+std::unique_ptr<Command> MakeModelsCommand();
 
 }  // namespace host

@@ -1,6 +1,13 @@
 #include <fmt/format.h>
 
+#include <CLI/CLI.hpp>
+#include <map>
+
+#include "host/cli/checks.h"
 #include "host/cli/commands.h"
+#include "host/cli/durations.h"
+#include "host/cli/selection_options.h"
+#include "host/cli/sink_options.h"
 #include "host/output/export_writer.h"
 #include "host/output/text.h"
 #include "host/store/kept_rows.h"
@@ -13,48 +20,97 @@
 namespace host {
 namespace {
 
-std::unique_ptr<RowForm> MakeForm(const ExportOptions& options) {
-  switch (options.form) {
-    case ExportForm::kJsonLines:
+enum class Form { kCsv, kJsonLines, kInflux };
+
+const std::map<std::string, Form> kForms = {
+    {"csv", Form::kCsv}, {"jsonl", Form::kJsonLines}, {"influx", Form::kInflux}};
+
+class ExportCommand final : public Command {
+ public:
+  void AddTo(CLI::App& app) override;
+  void Finish() override { chosen_.Finish(); }
+  int Run() override;
+
+ private:
+  std::unique_ptr<RowForm> MakeForm() const;
+  // Both return how many rows there are.
+  std::size_t Export(const ExportWriter::Write& write) const;
+  std::size_t ExportToFile() const;
+
+  StoreChoice of_;
+  SelectionParser chosen_{of_};
+  Form form_ = Form::kCsv;
+  UnitChoice units_;
+  std::string out_;  // file; empty: the standard output
+  bool force_ = false;
+  std::optional<long> utcOffset_;  // seconds that the instruments' clocks are ahead of UTC
+};
+
+void ExportCommand::AddTo(CLI::App& app) {
+  chosen_.AddTo(app);
+  app.add_option_function<std::string>(
+         "--format", [this](const std::string& name) { form_ = kForms.at(name); },
+         "csv, jsonl: an object a line, or influx: InfluxDB's line protocol")
+      ->transform(OneOf({"csv", "jsonl", "influx"}))
+      ->option_text("NAME")
+      ->default_str("csv");
+  AddUnitsOption(app, units_);
+  CLI::Option* out = app.add_option("--out", out_, "file, else the standard output");
+  out->option_text("FILE");
+  app.add_flag("--force", force_, "write the file over")->needs(out);
+  app.add_option_function<std::string>(
+         "--utc-offset", [this](const std::string& text) { utcOffset_ = RequireOffset(text); },
+         "of the instruments' clocks, for influx: +03:00; else this machine's winter time")
+      ->option_text("HH:MM");
+  app.footer(
+      "Examples:\n"
+      "  irvela export --groups H --from 2016-09-01 > hours.csv\n"
+      "  irvela export --db archive.db --serial 12822465 --format jsonl --out archive.jsonl\n"
+      "  irvela export --groups HS --format influx --utc-offset +03:00 --out points.txt");
+}
+
+std::unique_ptr<RowForm> ExportCommand::MakeForm() const {
+  switch (form_) {
+    case Form::kJsonLines:
       return MakeJsonRows();
-    case ExportForm::kInflux:
-      return MakeInfluxRows(options.utcOffset.value_or(ZoneOffset()));
-    case ExportForm::kCsv:
+    case Form::kInflux:
+      return MakeInfluxRows(utcOffset_.value_or(ZoneOffset()));
+    case Form::kCsv:
       break;
   }
   return MakeCsvRows();
 }
 
-// Returns how many rows.
-std::size_t Export(const ExportOptions& options, const ExportWriter::Write& write) {
-  const std::unique_ptr<Database> database = OpenStore(options.of.db.value_or(""));
-  ExportWriter writer(MakeForm(options), options.units, write);
+std::size_t ExportCommand::Export(const ExportWriter::Write& write) const {
+  const std::unique_ptr<Database> database = OpenStore(of_.db.value_or(""));
+  ExportWriter writer(MakeForm(), units_, write);
   database->Read([&] {
-    const Selection& selection = options.of.selection;
+    const Selection& selection = of_.selection;
     TellKept(*database, FindSections(*database, selection), selection, writer);
   });
   return writer.Finish();
 }
 
-std::size_t ExportToFile(const ExportOptions& options) {
-  const std::filesystem::path path = PathOf(options.out);
-  if (!options.force && std::filesystem::exists(path)) {
-    throw UsageError("--out " + options.out + ": it is there already; --force writes it over");
+std::size_t ExportCommand::ExportToFile() const {
+  const std::filesystem::path path = PathOf(out_);
+  if (!force_ && std::filesystem::exists(path)) {
+    throw UsageError("--out " + out_ + ": it is there already; --force writes it over");
   }
   OutputFile file(path);
-  const std::size_t rows = Export(options, [&](const std::string& text) { file.Append(text); });
+  const std::size_t rows = Export([&](const std::string& text) { file.Append(text); });
   file.Flush();
   return rows;
 }
 
-}  // namespace
-
-int Export(const ExportOptions& options) {
-  const bool toFile = !options.out.empty();
-  const std::size_t rows = toFile ? ExportToFile(options) : Export(options, WriteStandardOutput);
-  const std::string where = toFile ? " to " + options.out : "";
+int ExportCommand::Run() {
+  const std::size_t rows = out_.empty() ? Export(WriteStandardOutput) : ExportToFile();
+  const std::string where = out_.empty() ? "" : " to " + out_;
   WriteStandardError(fmt::format("irvela: exported {}{}\n", CountOf(rows, "row"), where));
   return kSuccess;
 }
+
+}  // namespace
+
+std::unique_ptr<Command> MakeExportCommand() { return std::make_unique<ExportCommand>(); }
 
 }  // namespace host

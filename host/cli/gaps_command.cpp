@@ -4,6 +4,7 @@
 
 #include "host/cli/checks.h"
 #include "host/cli/commands.h"
+#include "host/cli/selection_options.h"
 #include "host/output/gap_list.h"
 #include "host/output/gap_map.h"
 #include "host/system/exit_codes.h"
@@ -13,7 +14,7 @@
 namespace host {
 namespace {
 
-using Format = GapsOptions::Format;
+enum class Format { kTable, kJson, kMap };
 
 const std::map<std::string, Format> kFormats = {
     {"table", Format::kTable}, {"json", Format::kJson}, {"map", Format::kMap}};
@@ -30,12 +31,22 @@ std::string TextOf(const std::vector<SectionCoverage>& archives, Format format) 
   return GapsText(archives, OutputWidth());
 }
 
-}  // namespace
+class GapsCommand final : public Command {
+ public:
+  void AddTo(CLI::App& app) override;
+  void Finish() override { chosen_.Finish(); }
+  int Run() override;
 
-void GapsParser::AddTo(CLI::App& app) {
-  selection_.AddTo(app);
+ private:
+  StoreChoice of_;
+  SelectionParser chosen_{of_};
+  Format format_ = Format::kTable;
+};
+
+void GapsCommand::AddTo(CLI::App& app) {
+  chosen_.AddTo(app);
   app.add_option_function<std::string>(
-         "--format", [this](const std::string& name) { gaps_.format = kFormats.at(name); },
+         "--format", [this](const std::string& name) { format_ = kFormats.at(name); },
          "table, json, or map: a glyph for each record")
       ->transform(OneOf({"table", "json", "map"}))
       ->option_text("NAME")
@@ -49,13 +60,16 @@ void GapsParser::AddTo(CLI::App& app) {
       "that the instrument does not hold do not count), 1 the store cannot be read.");
 }
 
-int ShowGaps(const GapsOptions& options) {
-  const std::vector<SectionCoverage> archives =
-      ListCoverage(options.store.db.value_or(""), options.store.selection);
-  WriteStandardOutput(TextOf(archives, options.format));
+int GapsCommand::Run() {
+  const std::vector<SectionCoverage> archives = ListCoverage(of_.db.value_or(""), of_.selection);
+  WriteStandardOutput(TextOf(archives, format_));
   const bool gaps = std::any_of(archives.begin(), archives.end(),
                                 [](const auto& archive) { return HasGaps(archive.coverage); });
   return gaps ? kReadWithGaps : kSuccess;
 }
+
+}  // namespace
+
+std::unique_ptr<Command> MakeGapsCommand() { return std::make_unique<GapsCommand>(); }
 
 }  // namespace host

@@ -1,14 +1,17 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <string_view>
 #include <utility>
 
 #include "host/cli/commands.h"
+#include "host/cli/sink_options.h"
 #include "host/output/fields_list.h"
 #include "host/system/exit_codes.h"
 #include "host/system/files.h"
+#include "simulator/simulator.h"
 
 namespace host {
 namespace {
@@ -56,15 +59,25 @@ std::string ModelsText() {
   return text;
 }
 
+class ModelsCommand final : public Command {
+ public:
+  void AddTo(CLI::App& app) override {
+    CLI::Option* fields = app.add_flag("--fields", fields_,
+                                       "what every column means: field, quantity, pipe, true unit");
+    AddJsonOption(app, json_)->needs(fields)->description("of the fields: table or json");
+  }
+  int Run() override {
+    WriteStandardOutput(!fields_ ? ModelsText() : json_ ? FieldsJson() : FieldsText());
+    return kSuccess;
+  }
+
+ private:
+  bool fields_ = false;  // what every column means, instead of the models
+  bool json_ = false;    // of the fields
+};
+
 }  // namespace
 
-int ListModels(const ModelsOptions& options) {
-  if (!options.fields) {
-    WriteStandardOutput(ModelsText());
-  } else {
-    WriteStandardOutput(options.json ? FieldsJson() : FieldsText());
-  }
-  return kSuccess;
-}
+std::unique_ptr<Command> MakeModelsCommand() { return std::make_unique<ModelsCommand>(); }
 
 }  // namespace host

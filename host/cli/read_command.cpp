@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "host/cli/commands.h"
+#include "host/cli/read_options.h"
 #include "host/cli/summary.h"
 #include "host/line/open_line.h"
 #include "host/output/message_printer.h"
@@ -63,9 +64,9 @@ std::vector<Way> Check(const DriverLibrary& library, const ReadOptions& options)
 }
 
 // One reading, from the search for the instrument to its end.
-class ReadCommand {
+class OneReading {
  public:
-  explicit ReadCommand(const ReadOptions& options)
+  explicit OneReading(const ReadOptions& options)
       : options_(options),
         library_(options.driver),
         ways_(Check(library_, options)),
@@ -132,15 +133,26 @@ class ReadCommand {
   FollowPace pace_{meter_, options_.pace};
 };
 
+class ReadCommand final : public Command {
+ public:
+  void AddTo(CLI::App& app) override { parser_.AddTo(app); }
+  void Finish() override { parser_.Finish(); }
+  int Run() override {
+    OneReading reading(options_);
+    CountInterrupts();
+    const RunEnd end = reading.Run();
+    WriteStandardError(ClockLine(end) + IgnoredLine(end.counts) + MissingLines(end) +
+                       reading.Summary(end));
+    return CodeOf(end);
+  }
+
+ private:
+  ReadOptions options_;
+  ReadParser parser_{options_};
+};
+
 }  // namespace
 
-int Read(const ReadOptions& options) {
-  ReadCommand command(options);
-  CountInterrupts();
-  const RunEnd end = command.Run();
-  WriteStandardError(ClockLine(end) + IgnoredLine(end.counts) + MissingLines(end) +
-                     command.Summary(end));
-  return CodeOf(end);
-}
+std::unique_ptr<Command> MakeReadCommand() { return std::make_unique<ReadCommand>(); }
 
 }  // namespace host

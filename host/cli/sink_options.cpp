@@ -71,6 +71,15 @@ void AddUnitsOption(CLI::App& app, UnitChoice& units) {
       ->default_str("as-is");
 }
 
+CLI::Option* AddJsonOption(CLI::App& app, bool& json) {
+  return app
+      .add_option_function<std::string>(
+          "--format", [&json](const std::string& name) { json = name == "json"; }, "table or json")
+      ->transform(OneOf({"table", "json"}))
+      ->option_text("NAME")
+      ->default_str("table");
+}
+
 void AddStoreOption(CLI::App& app, std::optional<std::string>& db) {
   app.add_option_function<std::vector<std::string>>(
          "--db",

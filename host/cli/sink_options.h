@@ -8,7 +8,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 namespace host {
 
@@ -17,6 +18,9 @@ void AddSinkOptions(CLI::App& app, SinkOptions& sinks);
 
 // "--units"; units must live as long as app.
 void AddUnitsOption(CLI::App& app, UnitChoice& units);
+
+// "--format table" or "json"; json must live as long as app.
+CLI::Option* AddJsonOption(CLI::App& app, bool& json);
 
 // "--db [FILE]"; db must live as long as app, and is empty text when no file is named.
 void AddStoreOption(CLI::App& app, std::optional<std::string>& db);

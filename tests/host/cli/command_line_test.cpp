@@ -2,12 +2,14 @@
 
 #include <doctest/doctest.h>
 
+#include <CLI/CLI.hpp>
+
 #include "host/cli/dates.h"
 #include "host/cli/durations.h"
+#include "host/cli/read_options.h"
 #include "host/reading/settings.h"
 #include "host/system/exit_codes.h"
 
-using host::Command;
 using host::CommandLine;
 
 namespace {
@@ -18,6 +20,16 @@ std::string TextOf(const SYSTEMTIME& time) {
   return std::to_string(time.wYear) + '-' + std::to_string(time.wMonth) + '-' +
          std::to_string(time.wDay) + ' ' + std::to_string(time.wHour) + ':' +
          std::to_string(time.wMinute) + ':' + std::to_string(time.wSecond);
+}
+
+host::ReadOptions ReadOptionsOf(const Words& words) {
+  host::ReadOptions read;
+  host::ReadParser parser(read);
+  CLI::App app;
+  parser.AddTo(app);
+  app.parse(Words(words.rbegin(), words.rend()));
+  parser.Finish();
+  return read;
 }
 
 }  // namespace
@@ -61,7 +73,7 @@ TEST_CASE("wrong usage is told in one line") {
     CAPTURE(words.size());
     CAPTURE(words.empty() ? "" : words.back());
     const CommandLine line = host::ParseCommandLine(words);
-    CHECK(line.command == Command::kNone);
+    CHECK(line.command == nullptr);
     CHECK(line.exitCode == host::kWrongUsage);
     CHECK(line.message.starts_with("irvela: "));
     CHECK(line.message.find('\n') == line.message.size() - 1);
@@ -74,7 +86,10 @@ TEST_CASE("what the option library finds is told in sentences") {
     const char* sentence;
   };
   const Case cases[] = {
-      {{}, "give a command, one of read, decode, list, gaps, simulate, models (irvela --help tells more)"},
+      {{},
+       "give a command, one of read, decode, list, show, gaps, params, export, simulate, "
+       "models (irvela --help tells "
+       "more)"},
       {{"--all"}, "there is no option --all (irvela --help tells more)"},
       {{"read", "--number", "1"},
        "give exactly one of --port, --tcp, --simulate (irvela read --help tells more)"},
@@ -99,33 +114,35 @@ TEST_CASE("what the option library finds is told in sentences") {
     CHECK(host::ParseCommandLine(item.words).message ==
           std::string("irvela: ") + item.sentence + '\n');
   }
-  CHECK(host::ParseCommandLine({"decode", "a", "--format", "JSON"}).decode.sinks.format ==
-        host::Format::kJson);
 }
 
 TEST_CASE("help and version are no errors") {
   for (const Words& words : {Words{"--help"}, {"read", "--help"}, {"--version"}}) {
     const CommandLine line = host::ParseCommandLine(words);
-    CHECK(line.command == Command::kNone);
+    CHECK(line.command == nullptr);
     CHECK(line.exitCode == host::kSuccess);
     CHECK(!line.message.empty());
   }
 }
 
 TEST_CASE("a reading is set up from its options") {
-  const CommandLine line =
-      host::ParseCommandLine({"read",       "--port", "COM3",       "--number", "5",
-                              "--kind",     "k7",     "--baud",     "9600",     "--groups",
-                              "TH",         "--from", "2016-09-01", "--to",     "2016-09-04T13:30",
-                              "--attempts", "7",      "--pause",    "250",      "--double-read",
-                              "--format",   "json",   "--all"});
-  REQUIRE(line.command == Command::kRead);
-  const host::ReadSettings& settings = line.read.settings;
-  CHECK(line.read.line == "serial:COM3");
+  const host::ReadOptions read = ReadOptionsOf({"--port",        "COM3",
+                                                "--number",      "5",
+                                                "--kind",        "k7",
+                                                "--baud",        "9600",
+                                                "--groups",      "TH",
+                                                "--from",        "2016-09-01",
+                                                "--to",          "2016-09-04T13:30",
+                                                "--attempts",    "7",
+                                                "--pause",       "250",
+                                                "--double-read", "--format",
+                                                "JSON",          "--all"});
+  const host::ReadSettings& settings = read.settings;
+  CHECK(read.line == "serial:COM3");
   CHECK(settings.number == 5);
   CHECK(settings.kind == tav::Mode::kK7);
   CHECK(settings.baud == 9600);
-  CHECK(!line.read.search.Wanted());
+  CHECK(!read.search.Wanted());
   CHECK(settings.groups == "TH");
   CHECK(TextOf(settings.from) == "2016-9-1 0:0:0");
   CHECK(TextOf(settings.to) == "2016-9-4 13:30:0");
@@ -133,25 +150,24 @@ TEST_CASE("a reading is set up from its options") {
   CHECK(settings.pause == 250);
   CHECK(settings.doubleRead);
   CHECK(!settings.validity);
-  CHECK(line.read.sinks.format == host::Format::kJson);
-  CHECK(line.read.sinks.rows == 0);
+  CHECK(read.sinks.format == host::Format::kJson);
+  CHECK(read.sinks.rows == 0);
 }
 
 TEST_CASE("a simulated clock sets the period") {
-  const CommandLine line = host::ParseCommandLine({"read", "--simulate", "521", "--number", "9",
-                                                   "--clock", "2016-03-01 13:05:09", "--fault",
-                                                   "frozen:3:50", "--sim-units", "1", "--follow"});
-  REQUIRE(line.command == Command::kRead);
-  CHECK(TextOf(line.read.settings.from) == "2016-2-27 0:0:0");
-  CHECK(TextOf(line.read.settings.to) == "2016-3-1 13:5:9");
-  CHECK(line.read.settings.kind == tav::Mode::kOlder);
-  CHECK(line.read.settings.groups == "BTMSHE");
-  CHECK(line.read.sinks.follow);
-  CHECK(line.read.simulated.number == 9);
-  CHECK(line.read.simulated.clock->minute == 5);
-  CHECK(line.read.simulated.faults.front().every == 3);
-  CHECK(line.read.simulated.faults.front().length == 50);
-  CHECK(line.read.simulated.special.unitsCode == 1);
+  const host::ReadOptions read =
+      ReadOptionsOf({"--simulate", "521", "--number", "9", "--clock", "2016-03-01 13:05:09",
+                     "--fault", "frozen:3:50", "--sim-units", "1", "--follow"});
+  CHECK(TextOf(read.settings.from) == "2016-2-27 0:0:0");
+  CHECK(TextOf(read.settings.to) == "2016-3-1 13:5:9");
+  CHECK(read.settings.kind == tav::Mode::kOlder);
+  CHECK(read.settings.groups == "BTMSHE");
+  CHECK(read.sinks.follow);
+  CHECK(read.simulated.number == 9);
+  CHECK(read.simulated.clock->minute == 5);
+  CHECK(read.simulated.faults.front().every == 3);
+  CHECK(read.simulated.faults.front().length == 50);
+  CHECK(read.simulated.special.unitsCode == 1);
 }
 
 TEST_CASE("what is not given is found out, but for what is known") {
@@ -160,15 +176,15 @@ TEST_CASE("what is not given is found out, but for what is known") {
     bool anyKind, anySpeed;
     tav::Mode kind;
   };
-  const Case cases[] = {{{"read", "--port", "a"}, true, false, tav::Mode::kOlder},
-                        {{"read", "--port", "a", "--speed", "auto"}, true, true, tav::Mode::kOlder},
-                        {{"read", "--port", "a", "--follow"}, false, false, tav::Mode::kOlder},
-                        {{"read", "--simulate", "k7-521"}, false, false, tav::Mode::kK7}};
+  const Case cases[] = {{{"--port", "a"}, true, false, tav::Mode::kOlder},
+                        {{"--port", "a", "--speed", "auto"}, true, true, tav::Mode::kOlder},
+                        {{"--port", "a", "--follow"}, false, false, tav::Mode::kOlder},
+                        {{"--simulate", "k7-521"}, false, false, tav::Mode::kK7}};
   for (const Case& item : cases) {
-    const CommandLine line = host::ParseCommandLine(item.words);
-    CHECK(line.read.search.anyKind == item.anyKind);
-    CHECK(line.read.search.anySpeed == item.anySpeed);
-    CHECK(line.read.settings.kind == item.kind);
+    const host::ReadOptions read = ReadOptionsOf(item.words);
+    CHECK(read.search.anyKind == item.anyKind);
+    CHECK(read.search.anySpeed == item.anySpeed);
+    CHECK(read.settings.kind == item.kind);
   }
 }
 

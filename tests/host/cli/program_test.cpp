@@ -1,7 +1,7 @@
 // The program as a person starts it; what it shows goes to this test's own output.
 #include <doctest/doctest.h>
 
-#include "host/cli/commands.h"
+#include "host/cli/command_line.h"
 #include "host/cli/summary.h"
 #include "host/system/exit_codes.h"
 #include "tests/host/scratch_folder.h"

@@ -1,0 +1,20 @@
+#include "host/cli/commands.h"
+
+namespace host {
+
+std::span<const CommandRow> Commands() {
+  static constexpr CommandRow kAll[] = {
+      {"read", "Reads an instrument and shows what it holds.", MakeReadCommand},
+      {"decode", "Shows a stream that a reading kept.", MakeDecodeCommand},
+      {"list", "Lists what the store keeps.", MakeListCommand},
+      {"show", "Shows what the store keeps of an instrument.", MakeShowCommand},
+      {"gaps", "Shows which records the store lacks.", MakeGapsCommand},
+      {"params", "Shows parameters of instruments, and what changed.", MakeParamsCommand},
+      {"export", "Writes what the store keeps, a row a line.", MakeExportCommand},
+      {"simulate", "Is an instrument on a line.", MakeSimulateCommand},
+      {"models", "Lists the models and what their values mean.", MakeModelsCommand},
+  };
+  return kAll;
+}
+
+}  // namespace host
