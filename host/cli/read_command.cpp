@@ -1,16 +1,13 @@
-#include <fmt/format.h>
-
+#include <optional>
 #include <utility>
 
 #include "host/cli/commands.h"
-#include "host/cli/read_options.h"
+#include "host/cli/one_reading.h"
 #include "host/cli/summary.h"
 #include "host/line/open_line.h"
-#include "host/output/message_printer.h"
-#include "host/reading/driver_set_up.h"
-#include "host/reading/progress_meter.h"
-#include "host/reading/reading.h"
-#include "host/reading/search.h"
+#include "host/line/trace_line.h"
+#include "host/output/raw_file_sink.h"
+#include "host/reading/traced_reading.h"
 #include "host/system/clock.h"
 #include "host/system/console.h"
 #include "host/system/files.h"
@@ -45,92 +42,61 @@ int CodeOf(const RunEnd& end) {
   return end.ending == Ending::kInterrupted ? InterruptExitCode() : ExitCodeOf(end);
 }
 
-ReadSettings By(const Way& way, ReadSettings settings) {
-  settings.kind = way.kind;
-  settings.baud = way.baud;
-  return settings;
-}
-
-// Wrong usage is told before a line is opened or a file begun. Returns what is to be tried.
 std::vector<Way> Check(const DriverLibrary& library, const ReadOptions& options) {
-  if (!options.search.Wanted()) {
-    CheckSettings(library, options.settings);
-    RequireReadGroups(options.settings);
-    return {};
-  }
-  const std::vector<Way> ways = WaysToTry(library, options.settings, options.search);
-  for (const Way& way : ways) CheckSettings(library, By(way, options.settings));
+  std::vector<Way> ways = CheckReading(library, options);
+  const SinkOptions& sinks = options.sinks;
+  if (options.trace.empty()) return ways;
+  if (options.trace == sinks.raw) throw UsageError("--trace and --raw name the same file");
+  CheckNewFile("--trace", options.trace, sinks.out, sinks.force);
   return ways;
 }
 
-// One reading, from the search for the instrument to its end.
-class OneReading {
+// A reading of an instrument, and what is kept of it.
+class LiveReading {
  public:
-  explicit OneReading(const ReadOptions& options)
+  explicit LiveReading(const ReadOptions& options)
       : options_(options),
         library_(options.driver),
         ways_(Check(library_, options)),
         line_(Open(options, screen_)),
-        sinks_(MakeSinks(options.sinks, screen_)) {}
-
-  RunEnd Run() {
-    host::Run run{options_.settings, options_.line, LocalNow()};
-    if (!options_.search.Wanted() || Find(*run.settings)) return Read(run);
-    const RunEnd end = NotFound();
-    Listener().BeginRun(run);
-    Listener().EndRun(end);
-    return end;
+        sinks_(MakeSinks(options.sinks, screen_)) {
+    if (!options.trace.empty()) BeginTrace();
   }
 
-  std::string Summary(const RunEnd& end) const {
-    const std::string& out = options_.sinks.out;
-    const bool follow = options_.settings.follow;
-    return follow ? FollowLine(end, pace_.Rows(), pace_.Elapsed(), out) : ReadingLine(end, out);
+  // Returns the exit code.
+  int Run() {
+    const Surroundings from{*line_, StopAsked(screen_), LocalNow, std::chrono::steady_clock::now};
+    OneReading reading(options_, library_, ways_, from, screen_, *sinks_);
+    const RunEnd end = reading.Run();
+    const int code = CodeOf(end);
+    const TracedEnd traced{NameOf(end.ending), end.reason, reading.Stopped(), code,
+                           reading.Stream()};
+    WriteStandardError(ClockLine(end) + IgnoredLine(end.counts) + MissingLines(end) +
+                       EndTrace(traced) + reading.Summary(end));
+    return code;
   }
 
  private:
-  RunListener& Listener() {
-    if (options_.settings.follow) return pace_;
-    return meter_;
+  void BeginTrace() {
+    trace_.emplace(PathOf(options_.trace), ToJson(TracedReading{options_.settings, options_.search,
+                                                                options_.line, LocalNow()}));
+    line_ = std::make_unique<TraceLine>(std::move(line_), *trace_);
   }
-
-  // Whether the instrument was found; the settings are its then.
-  bool Find(ReadSettings& settings) {
-    RunListener deaf;
-    MessagePrinter printer(screen_);
-    if (screen_.IsTerminal()) screen_.DrawBar("looking for the instrument ...");
-    const auto found = FindInstrument(library_, settings, ways_, *line_,
-                                      options_.sinks.verbose ? printer : deaf, askStop_);
-    screen_.TakeBarAway();
-    if (!found) return false;
-    settings = By(found->way, settings);
-    RequireReadGroups(settings);
-    screen_.PrintLine(fmt::format("irvela: {} answers: kind {}, {} bit/s", found->model,
-                                  KindName(settings.kind), *settings.baud));
-    return true;
-  }
-
-  RunEnd Read(const host::Run& run) {
-    const std::string unread = UnreadGroups(*run.settings);
-    if (!unread.empty()) screen_.PrintLine("irvela: " + unread);
-    return RunReading(library_, run, *line_, Listener(), pace_.With(askStop_));
-  }
-
-  RunEnd NotFound() {
-    if (askStop_() != StopRequest::kNone) return {Ending::kInterrupted, "interrupted"};
-    if (!line_->Trouble().empty()) return {Ending::kFailed, line_->Trouble()};
-    return {Ending::kFailed, NobodyAnswers(options_.settings, ways_)};
+  // What is to be told of the trace.
+  std::string EndTrace(const TracedEnd& end) {
+    if (!trace_) return {};
+    trace_->End(ToJson(end));
+    if (trace_->Trouble().empty()) return {};
+    return "irvela: the trace is not whole: " + trace_->Trouble() + '\n';
   }
 
   const ReadOptions& options_;
   const DriverLibrary library_;
-  const std::vector<Way> ways_;  // to be tried, when the instrument is to be found first
+  const std::vector<Way> ways_;
   Screen screen_;
-  const AskStop askStop_ = StopAsked(screen_);
-  const std::unique_ptr<LinePort> line_;
+  std::optional<TraceWriter> trace_;
+  std::unique_ptr<LinePort> line_;
   const std::unique_ptr<RunListener> sinks_;
-  ProgressMeter meter_{*sinks_};
-  FollowPace pace_{meter_, options_.pace};
 };
 
 class ReadCommand final : public Command {
@@ -138,12 +104,9 @@ class ReadCommand final : public Command {
   void AddTo(CLI::App& app) override { parser_.AddTo(app); }
   void Finish() override { parser_.Finish(); }
   int Run() override {
-    OneReading reading(options_);
+    LiveReading reading(options_);
     CountInterrupts();
-    const RunEnd end = reading.Run();
-    WriteStandardError(ClockLine(end) + IgnoredLine(end.counts) + MissingLines(end) +
-                       reading.Summary(end));
-    return CodeOf(end);
+    return reading.Run();
   }
 
  private:

@@ -82,16 +82,11 @@ void ReadParser::AddReading(CLI::App& app) {
 void ReadParser::AddTo(CLI::App& app) {
   AddLine(app);
   AddReading(app);
-  AddSinkOptions(app, read_.sinks);
-  app.add_option("--raw", read_.sinks.raw, "keep the driver's stream, for irvela decode")
+  AddReadingSinkOptions(app, read_.sinks);
+  app.add_option("--trace", read_.trace, "keep what happens on the line, for irvela replay")
       ->option_text("FILE");
-  AddStoreOption(app, read_.sinks.db);
-  app.add_flag("-v,--verbose", read_.sinks.verbose, "show the driver's messages");
   simulated_.AddTo(app);
-#if defined(_WIN32)
-  app.add_option("--driver", read_.driver, "TKSplDrv.dll, else the one beside this program")
-      ->option_text("PATH");
-#endif
+  AddDriverOption(app, read_.driver);
   app.footer(
       "Examples:\n"
       "  irvela read --simulate 521\n"

@@ -18,6 +18,7 @@ struct ReadOptions {
   SearchOptions search;  // what is to be found out first
   Pace pace;             // of a continuous reading
   SinkOptions sinks;
+  std::string trace;   // file, or empty
   std::string driver;  // of the DLL, or empty
 };
 

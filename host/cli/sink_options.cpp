@@ -80,6 +80,21 @@ CLI::Option* AddJsonOption(CLI::App& app, bool& json) {
       ->default_str("table");
 }
 
+void AddReadingSinkOptions(CLI::App& app, SinkOptions& sinks) {
+  AddSinkOptions(app, sinks);
+  app.add_option("--raw", sinks.raw, "keep the driver's stream, for irvela decode")
+      ->option_text("FILE");
+  AddStoreOption(app, sinks.db);
+  app.add_flag("-v,--verbose", sinks.verbose, "show the driver's messages");
+}
+
+void AddDriverOption([[maybe_unused]] CLI::App& app, [[maybe_unused]] std::string& driver) {
+#if defined(_WIN32)
+  app.add_option("--driver", driver, "TKSplDrv.dll, else the one beside this program")
+      ->option_text("PATH");
+#endif
+}
+
 void AddStoreOption(CLI::App& app, std::optional<std::string>& db) {
   app.add_option_function<std::vector<std::string>>(
          "--db",

@@ -33,6 +33,14 @@ class WrappedLine : public LinePort {
   std::string Trouble() const override { return line_->Trouble(); }
   std::string_view Dropped() const override { return line_->Dropped(); }
 
+  void BeginRun(const std::string& settings, const StopDriver& stop) override {
+    line_->BeginRun(settings, stop);
+  }
+  StopCause Decide(StopCause wanted, const StopDriver& stop) override {
+    return line_->Decide(wanted, stop);
+  }
+  StopCause EndRun(bool obeyed, StopCause cause) override { return line_->EndRun(obeyed, cause); }
+
  protected:
   LinePort& Wrapped() { return *line_; }
 

@@ -14,21 +14,22 @@ fs::path Whole(const std::string& name) {
 }
 
 // Empty when the stream may be kept there.
-std::string Objection(const std::string& raw, const std::string& out, bool force) {
-  if (raw == "-") return "the stream needs a file, with a name of its own";
-  if (!out.empty() && Whole(raw) == Whole(out)) return "--out has the same name";
+std::string Objection(const std::string& name, const std::string& out, bool force) {
+  if (name == "-") return "this needs a file, with a name of its own";
+  if (!out.empty() && Whole(name) == Whole(out)) return "--out has the same name";
   std::error_code ignored;
-  const fs::file_status status = fs::status(PathOf(raw), ignored);
+  const fs::file_status status = fs::status(PathOf(name), ignored);
   if (!fs::exists(status)) return {};
-  if (!fs::is_regular_file(status)) return "the stream needs a regular file";
+  if (!fs::is_regular_file(status)) return "this needs a regular file";
   return force ? "" : "the file exists; name another one, or write over it with --force";
 }
 
 }  // namespace
 
-void CheckRawFile(const std::string& raw, const std::string& out, bool force) {
-  const std::string objection = Objection(raw, out, force);
-  if (!objection.empty()) throw UsageError("--raw " + raw + ": " + objection);
+void CheckNewFile(const std::string& option, const std::string& name, const std::string& out,
+                  bool force) {
+  const std::string objection = Objection(name, out, force);
+  if (!objection.empty()) throw UsageError(option + ' ' + name + ": " + objection);
 }
 
 }  // namespace host

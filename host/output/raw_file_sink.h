@@ -8,9 +8,10 @@
 
 namespace host {
 
-// raw: its name; out: of the folder beside it, or empty; force: a file may be written over. Throws
-// UsageError with the reason when the stream cannot be kept there.
-void CheckRawFile(const std::string& raw, const std::string& out, bool force);
+// Of a file that is to be kept: option: that names it; out: the folder beside it, or empty; force:
+// a file may be written over. Throws UsageError with the reason when it cannot be kept there.
+void CheckNewFile(const std::string& option, const std::string& name, const std::string& out,
+                  bool force);
 
 class RawFileSink final : public RunListener {
  public:

@@ -50,7 +50,7 @@ std::unique_ptr<CsvFolder> MakeFolder(const SinkOptions& options) {
 
 // What keeps stands before what shows.
 std::unique_ptr<RunListener> MakeSinks(const SinkOptions& options, Screen& screen) {
-  if (!options.raw.empty()) CheckRawFile(options.raw, options.out, options.force);
+  if (!options.raw.empty()) CheckNewFile("--raw", options.raw, options.out, options.force);
   if (!options.out.empty()) CheckOutFolder(PathOf(options.out), options.force);
   auto sinks = std::make_unique<Broadcast>();
   if (!options.raw.empty()) sinks->Add(std::make_unique<RawFileSink>(PathOf(options.raw)));

@@ -1,4 +1,5 @@
 // The driver as a host finds it: linked on POSIX, a DLL that is loaded at run time on Windows.
+// Another build of it is loaded on both.
 #pragma once
 
 #include <memory>
@@ -7,6 +8,10 @@
 #include "TKSplDrv/driver.h"
 
 namespace host {
+
+inline constexpr unsigned kFreeObject = 1;    // TavDrvV1::Destroy frees it too
+inline constexpr char kInitName[] = "LInit";  // as libraries export it
+using InitFunction = TavDrvV1*(TAV_CDECL*)(void*, void*);
 
 // Waits for the reading thread, which still clears up after its last message, and destroys the
 // object.
@@ -20,10 +25,10 @@ void EndDriver(DriverPointer driver);
 
 class DriverLibrary {
  public:
-  // path: of the DLL on Windows, empty for the one beside the program; not looked at on POSIX.
+  // path: of the library; empty for the linked one, on Windows for the one beside the program.
   // Throws std::runtime_error with one sentence.
   explicit DriverLibrary(const std::string& path);
-  ~DriverLibrary();  // NOLINT: not trivial on Windows
+  ~DriverLibrary();
   DriverLibrary(const DriverLibrary&) = delete;
   DriverLibrary& operator=(const DriverLibrary&) = delete;
 
@@ -32,6 +37,7 @@ class DriverLibrary {
 
  private:
   void* module_ = nullptr;
+  InitFunction init_ = nullptr;
 };
 
 }  // namespace host

@@ -8,6 +8,7 @@
 #include "host/reading/driver_set_up.h"
 #include "host/reading/gated_port.h"
 #include "host/reading/patience.h"
+#include "host/reading/settings_json.h"
 
 namespace host {
 namespace {
@@ -49,7 +50,7 @@ bool EndThread(Parts& parts) {
 
 class Polling {
  public:
-  Polling(Parts& parts, Patience& patience, const LinePort& line, const AskStop& askStop)
+  Polling(Parts& parts, Patience& patience, LinePort& line, const AskStop& askStop)
       : parts_(parts), patience_(patience), line_(line), askStop_(askStop) {}
 
   // Until the driver's thread has sent its last message, or does not obey a stop. Returns whether
@@ -59,31 +60,45 @@ class Polling {
       parts_.receiver.Pulse(parts_.driver->GetPr());
       // The driver forgets a stop that it has answered and may go on with the next part of the
       // instrument, so it is asked until its thread has ended.
-      if (MustStop() && !Stop()) return false;
+      if (MustStop() && !HasTime()) return false;
     } while (!parts_.receiver.WaitForEnd(kPoll));
     return true;
   }
-  // Whether it stopped because nothing came.
-  bool WaitedInVain() const { return waited_; }
+  // For what it was stopped; that nothing came goes before the rest.
+  StopCause Cause() const { return waited_ ? StopCause::kWaited : cause_; }
+
+  StopDriver Stop() {
+    return [&driver = *parts_.driver] { driver.Stop(); };
+  }
 
  private:
-  bool MustStop() {
-    if (askStop_() != StopRequest::kNone || line_.Lost() || parts_.receiver.Refused()) return true;
+  StopCause Wanted() {
+    const StopRequest request = askStop_();
+    if (request == StopRequest::kInterrupted) return StopCause::kUser;
+    if (request == StopRequest::kDone) return StopCause::kDone;
+    if (line_.Lost()) return StopCause::kLost;
+    if (parts_.receiver.Refused()) return StopCause::kRefused;
     waited_ = waited_ || patience_.IsOver(parts_.port.Received(), Clock::now());
-    return waited_;
+    return waited_ ? StopCause::kWaited : StopCause::kNone;
   }
-  // Returns whether there is hope that it helps.
-  bool Stop() {
-    parts_.driver->Stop();
+  bool MustStop() {
+    const StopCause cause = line_.Decide(Wanted(), Stop());
+    if (cause == StopCause::kNone) return false;
+    cause_ = cause;
+    return true;
+  }
+  // Whether there is hope that a stop helps.
+  bool HasTime() {
     latest_ = std::min(latest_, Clock::now() + kStopLimit);
     return Clock::now() < latest_;
   }
 
   Parts& parts_;
   Patience& patience_;
-  const LinePort& line_;
+  LinePort& line_;
   const AskStop& askStop_;
   Clock::time_point latest_ = Clock::time_point::max();  // for a stop to be obeyed
+  StopCause cause_{};
   bool waited_ = false;
 };
 
@@ -96,11 +111,12 @@ DriverEnd RunDriver(const DriverLibrary& library, const ReadSettings& settings, 
   auto parts = std::make_unique<Parts>(library, line, patient);
   SetUpDriver(*parts->driver, settings);
   DriverEnd end;
-  end.begun = parts->driver->Start(static_cast<int>(settings.kind)) != 0;
   Polling polling(*parts, patience, line, askStop);
+  line.BeginRun(SettingsJson(settings), polling.Stop());
+  end.begun = parts->driver->Start(static_cast<int>(settings.kind)) != 0;
   const bool obeyed = !end.begun || polling.Run();
-  end.waited = polling.WaitedInVain();
   const bool ended = obeyed || EndThread(*parts);
+  end.waited = line.EndRun(obeyed, polling.Cause()) == StopCause::kWaited;
   parts->driver.reset();  // its thread is gone from here on, or closed out
   end.counts = parts->receiver.Finish();
   end.status = parts->receiver.Status();

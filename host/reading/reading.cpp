@@ -7,7 +7,6 @@
 #include "host/reading/clock_check.h"
 #include "host/reading/driver_run.h"
 #include "host/reading/patience.h"
-#include "host/system/clock.h"
 
 namespace host {
 namespace {
@@ -131,11 +130,12 @@ RunEnd Reading::Run() {
 }  // namespace
 
 RunEnd RunReading(const DriverLibrary& library, const Run& run, LinePort& line,
-                  RunListener& listener, const AskStop& askStop) {
+                  RunListener& listener, const AskStop& askStop,
+                  const std::function<SYSTEMTIME()>& now) {
   ReadSettings asked = *run.settings;
   // A small letter asks for the same, but for the hours of the older protocol, which it leaves out.
   for (char& letter : asked.groups) letter = static_cast<char>(std::toupper(letter));
-  ClockCheck clock(listener, asked, LocalNow);
+  ClockCheck clock(listener, asked, now);
   Reading reading(library, asked, line, clock, askStop);
   Run told = run;
   told.units = &reading.Units();

@@ -4,13 +4,15 @@
 #include "host/line/line_port.h"
 #include "host/reading/driver_library.h"
 #include "host/reading/run_listener.h"
+#include "host/system/clock.h"
 
 namespace host {
 
 // run has settings that the driver offers. askStop is asked about ten times a second, from this
-// thread. Throws std::runtime_error when the reading cannot begin, and what the listener throws at
-// its beginning and its end.
+// thread; now: this machine's local time. Throws std::runtime_error when the reading cannot begin,
+// and what the listener throws at its beginning and its end.
 RunEnd RunReading(const DriverLibrary& library, const Run& run, LinePort& line,
-                  RunListener& listener, const AskStop& askStop);
+                  RunListener& listener, const AskStop& askStop,
+                  const std::function<SYSTEMTIME()>& now = LocalNow);
 
 }  // namespace host

@@ -24,4 +24,21 @@ long ZoneOffset() {
   return static_cast<long>(std::difftime(now, std::mktime(&utc)));
 }
 
+SYSTEMTIME Later(const SYSTEMTIME& time, std::chrono::seconds by) {
+  using namespace std::chrono;
+  const sys_days day = year(time.wYear) / time.wMonth / time.wDay;
+  const auto moment = day + hours(time.wHour) + minutes(time.wMinute) + seconds(time.wSecond) + by;
+  const year_month_day date = floor<days>(moment);
+  const hh_mm_ss clock(moment - floor<days>(moment));
+  const auto number = [](auto value) { return static_cast<unsigned short>(value); };
+  SYSTEMTIME later{};
+  later.wYear = number(static_cast<int>(date.year()));
+  later.wMonth = number(static_cast<unsigned>(date.month()));
+  later.wDay = number(static_cast<unsigned>(date.day()));
+  later.wHour = number(clock.hours().count());
+  later.wMinute = number(clock.minutes().count());
+  later.wSecond = number(clock.seconds().count());
+  return later;
+}
+
 }  // namespace host

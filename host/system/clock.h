@@ -1,6 +1,8 @@
 // This machine's clock.
 #pragma once
 
+#include <chrono>
+
 #include "TKSplDrv/types.h"
 
 namespace host {
@@ -10,5 +12,8 @@ SYSTEMTIME LocalNow();
 
 // Seconds that this machine's zone is ahead of UTC, without summer time.
 long ZoneOffset();
+
+// So much later; the day of the week is not set.
+SYSTEMTIME Later(const SYSTEMTIME& time, std::chrono::seconds by);
 
 }  // namespace host
