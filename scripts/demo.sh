@@ -43,5 +43,25 @@ show 521 older 2400 --from 2016-02-28T00:00 --to 2016-03-02T11:00
 show 523 older 2400 --from 2016-02-29T20:00 --to 2016-03-01T01:00 --rows 6
 show k7-521 k7 9600 --from 2016-02-29T20:00 --to 2016-03-01T03:00 --rows 6
 
+# What the program is for: an archive without holes.
+db=out/demo.db
+rm -f "$db"*
+run() {
+  echo "\$ $irvela $*"
+  "$irvela" "$@"
+}
+echo
+echo "== A database, with a record that is lost on purpose"
+hours=(read --simulate 521 --clock "2016-03-02 12:10:00" --groups SH --db "$db")
+run "${hours[@]}" --from 2016-02-28 --rows 4 --fault frozen:30:1 --attempts 1 --retry-gaps 0 || [ $? = 3 ]
+echo
+run gaps --db "$db" --format map || [ $? = 3 ]
+echo
+run gaps --db "$db" || [ $? = 3 ]
+echo
+run "${hours[@]}" --fill
+echo
+run gaps --db "$db"
+
 echo
 echo "The readings are in out/. Try: $irvela read --simulate 521 -v"

@@ -54,6 +54,7 @@ RunEnd OneReading::Run() {
 std::string OneReading::Summary(const RunEnd& end) const {
   const std::string& out = options_.sinks.out;
   const bool follow = options_.settings.follow;
+  if (options_.wish && options_.wish->fill) return FillLine(end);
   return follow ? FollowLine(end, pace_.Rows(), pace_.Elapsed(), out) : ReadingLine(end, out);
 }
 
@@ -81,7 +82,7 @@ bool OneReading::Find(ReadSettings& settings) {
 RunEnd OneReading::Read(const host::Run& run) {
   const std::string unread = UnreadGroups(*run.settings);
   if (!unread.empty()) screen_.PrintLine("irvela: " + unread);
-  return RunReading(library_, run, from_.line, Listener(), askStop_, from_.localTime);
+  return RunReading(library_, run, from_.line, Listener(), askStop_, from_.known, from_.localTime);
 }
 
 RunEnd OneReading::NotFound() {

@@ -20,6 +20,7 @@ struct Surroundings {
   AskStop askStop;
   std::function<SYSTEMTIME()> localTime;
   std::function<std::chrono::steady_clock::time_point()> now;
+  KnownRecords* known = nullptr;  // null: all that is asked for is read
 };
 
 class OneReading {

@@ -46,9 +46,31 @@ std::vector<Way> Check(const DriverLibrary& library, const ReadOptions& options)
   std::vector<Way> ways = CheckReading(library, options);
   const SinkOptions& sinks = options.sinks;
   if (options.trace.empty()) return ways;
+  // A replay has no store that would tell what it lacked.
+  if (options.wish) throw UsageError("--trace goes with neither --fill nor --since-last");
   if (options.trace == sinks.raw) throw UsageError("--trace and --raw name the same file");
   CheckNewFile("--trace", options.trace, sinks.out, sinks.force);
   return ways;
+}
+
+std::string PlaceOf(const ReadOptions& options) {
+  return fmt::format("{}, number {}", options.line, options.settings.number);
+}
+
+// Before the line is opened: who has nothing to fill has named the wrong line, or store.
+std::unique_ptr<KnownRecords> Recall(const ReadOptions& options, Screen& screen) {
+  if (!options.wish) return nullptr;
+  auto known = MakeRemembered(*options.sinks.db, *options.wish);
+  if (!known->ReadLast({options.settings, options.line, {}}).model.empty()) return known;
+  if (options.wish->fill) {
+    throw std::runtime_error(fmt::format(
+        "--fill: the store has nothing of an instrument at {}; read it first", PlaceOf(options)));
+  }
+  screen.PrintLine(
+      fmt::format("irvela: the store has nothing of an instrument at {} yet; reading the last {} "
+                  "days",
+                  PlaceOf(options), kDefaultDays));
+  return known;
 }
 
 // A reading of an instrument, and what is kept of it.
@@ -58,6 +80,7 @@ class LiveReading {
       : options_(options),
         library_(options.driver),
         ways_(Check(library_, options)),
+        known_(Recall(options, screen_)),
         line_(Open(options, screen_)),
         sinks_(MakeSinks(options.sinks, screen_)) {
     if (!options.trace.empty()) BeginTrace();
@@ -65,7 +88,8 @@ class LiveReading {
 
   // Returns the exit code.
   int Run() {
-    const Surroundings from{*line_, StopAsked(screen_), LocalNow, std::chrono::steady_clock::now};
+    const Surroundings from{*line_, StopAsked(screen_), LocalNow, std::chrono::steady_clock::now,
+                            known_.get()};
     OneReading reading(options_, library_, ways_, from, screen_, *sinks_);
     const RunEnd end = reading.Run();
     const int code = CodeOf(end);
@@ -94,6 +118,7 @@ class LiveReading {
   const DriverLibrary library_;
   const std::vector<Way> ways_;
   Screen screen_;
+  const std::unique_ptr<KnownRecords> known_;  // null: all that is asked for is read
   std::optional<TraceWriter> trace_;
   std::unique_ptr<LinePort> line_;
   const std::unique_ptr<RunListener> sinks_;

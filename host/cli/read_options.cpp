@@ -12,8 +12,6 @@
 namespace host {
 namespace {
 
-constexpr int kDefaultDays = 3;
-
 // "B database, T current values, ...".
 std::string GroupNames() {
   std::string names;
@@ -23,6 +21,11 @@ std::string GroupNames() {
     names += ' ' + std::string(known.name);
   }
   return names;
+}
+
+std::string ArchiveGroups() {
+  return {static_cast<char>(tav::ReadGroup::kMonths), static_cast<char>(tav::ReadGroup::kDays),
+          static_cast<char>(tav::ReadGroup::kHours)};
 }
 
 }  // namespace
@@ -47,9 +50,9 @@ void ReadParser::AddReading(CLI::App& app) {
   app.add_option("--speed,--baud", speed_,
                  "of the line in bit/s, else the usual one; auto: at which it answers")
       ->option_text("BAUD");
-  app.add_option("--groups", settings.groups, "what to read, else all: " + GroupNames())
-      ->option_text("LETTERS")
-      ->default_str(settings.groups);
+  groups_ = app.add_option("--groups", settings.groups, "what to read, else all: " + GroupNames())
+                ->option_text("LETTERS")
+                ->default_str(settings.groups);
   app.add_option("--from", from_, "first moment of the archives; else three days back")
       ->option_text("DATE");
   app.add_option("--to", to_, "last moment of the archives, else now; a day means all of it")
@@ -79,9 +82,30 @@ void ReadParser::AddReading(CLI::App& app) {
                                 "go on with new values until Ctrl-C (older kind)"));
 }
 
+void ReadParser::AddWish(CLI::App& app) {
+  app.add_flag("--since-last", sinceLast_,
+               "with --db: each archive from the last record that is kept");
+  app.add_option_function<std::vector<std::string>>(
+         "--fill",
+         [this](const std::vector<std::string>& names) {
+           fill_ = names.empty() ? "" : names.front();
+         },
+         "with --db: only what it lacks of the archives, the longest gap first, or the newest")
+      ->expected(0, 1)
+      ->transform(OneOf({"longest", "newest"}))
+      ->option_text("[longest|newest]");
+  askAgain_ = app.add_option("--ask-again", wish_.askAgain,
+                             "with --fill: days after which it asks again for what the instrument "
+                             "did not hold; else 30")
+                  ->check(WholeNumber(0, 36500))
+                  ->option_text("DAYS")
+                  ->default_str(std::to_string(wish_.askAgain));
+}
+
 void ReadParser::AddTo(CLI::App& app) {
   AddLine(app);
   AddReading(app);
+  AddWish(app);
   AddReadingSinkOptions(app, read_.sinks);
   app.add_option("--trace", read_.trace, "keep what happens on the line, for irvela replay")
       ->option_text("FILE");
@@ -94,6 +118,7 @@ void ReadParser::AddTo(CLI::App& app) {
       "  irvela read --tcp gateway:4001 --kind k7 --groups TH --format json\n"
       "  irvela read --port /dev/ttyUSB0 --out readings --raw reading.raw -v\n"
       "  irvela read --port /dev/ttyUSB0 --groups T --follow --interval 1m\n"
+      "  irvela read --port /dev/ttyUSB0 --db archive.db --fill\n"
       "Ctrl-C ends a reading and keeps what was read; a second one ends the program at once.\n"
       "Exit code: 0 everything read that the instrument has, 3 read with gaps, 1 the reading\n"
       "failed, 2 wrong usage, 130 interrupted, 143 terminated, 129 hung up.");
@@ -150,12 +175,31 @@ void ReadParser::FinishTimes() {
   if (simulated_.Clock()) read_.settings.clockWarning.reset();
 }
 
+// What is filled is archives, unless the letters say other things.
+void ReadParser::FinishWish() {
+  if (askAgain_->count() > 0 && !fill_) throw UsageError("--ask-again goes with --fill");
+  if (!fill_ && !sinceLast_) return;
+  const char* name = fill_ ? "--fill" : "--since-last";
+  const std::string option(name);
+  if (fill_ && sinceLast_) throw UsageError("--fill and --since-last: one of both");
+  if (!read_.sinks.db) throw UsageError(option + " needs --db, the store that it looks into");
+  if (read_.settings.follow) throw UsageError(option + " does not go with --follow");
+  if (sinceLast_ && !from_.empty()) throw UsageError("--since-last says what --from would say");
+  if (fill_ && groups_->count() == 0) read_.settings.groups = ArchiveGroups();
+  wish_.fill = fill_.has_value();
+  wish_.fromNamed = !from_.empty();
+  wish_.toNamed = !to_.empty();
+  if (fill_ == "newest") wish_.order = GapOrder::kNewest;
+  read_.wish = wish_;
+}
+
 void ReadParser::Finish() {
   FinishLine();
   FinishKind();
   FinishSpeed();
   FinishPeriod();
   FinishTimes();
+  FinishWish();
   pace_.Finish();
   const bool values =
       read_.settings.groups.find(static_cast<char>(tav::ReadGroup::kCurrent)) != std::string::npos;

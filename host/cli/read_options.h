@@ -1,6 +1,7 @@
 // The command line of irvela read.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "host/cli/pace_options.h"
@@ -8,8 +9,12 @@
 #include "host/output/sinks.h"
 #include "host/reading/search.h"
 #include "host/reading/settings.h"
+#include "host/store/remembered.h"
 
 namespace host {
+
+// What is read when no beginning is named.
+inline constexpr int kDefaultDays = 3;
 
 struct ReadOptions {
   std::string line;  // its address, as OpenLine takes it
@@ -18,8 +23,9 @@ struct ReadOptions {
   SearchOptions search;  // what is to be found out first
   Pace pace;             // of a continuous reading
   SinkOptions sinks;
-  std::string trace;   // file, or empty
-  std::string driver;  // of the DLL, or empty
+  std::optional<Wish> wish;  // only what the store lacks is read
+  std::string trace;         // file, or empty
+  std::string driver;        // of the DLL, or empty
 };
 
 class ReadParser {
@@ -34,11 +40,13 @@ class ReadParser {
  private:
   void AddLine(CLI::App& app);
   void AddReading(CLI::App& app);
+  void AddWish(CLI::App& app);
   void FinishLine();
   void FinishKind();
   void FinishSpeed();
   void FinishPeriod();
   void FinishTimes();
+  void FinishWish();
 
   ReadOptions& read_;
   SimulatedOptions simulated_;
@@ -53,6 +61,11 @@ class ReadParser {
   std::string clockWarning_ = "2m";
   std::string from_;
   std::string to_;
+  CLI::Option* groups_ = nullptr;
+  CLI::Option* askAgain_ = nullptr;
+  std::optional<std::string> fill_;  // the order's name, or empty
+  bool sinceLast_ = false;
+  Wish wish_;
 };
 
 }  // namespace host

@@ -5,6 +5,7 @@
 #include "host/output/ranges.h"
 #include "host/output/text.h"
 #include "host/reading/patience.h"
+#include "host/reading/periods.h"
 #include "host/system/exit_codes.h"
 
 namespace host {
@@ -23,6 +24,18 @@ std::string MissingPart(const RunEnd& end, const std::string& out) {
   if (failed == 0) return {};
   return fmt::format("; {} of {} {} missing (see above{})", failed, CountOf(expected, "record"),
                      failed == 1 ? "is" : "are", out.empty() ? "" : " and index.csv");
+}
+
+SectionAccount SumOfArchives(const RunEnd& end) {
+  SectionAccount sum;
+  for (const SectionAccount& account : end.accounts) {
+    if (!PeriodOf(account.kind)) continue;
+    sum.expected += account.expected;
+    sum.received += account.received;
+    sum.notHeld += account.notHeld;
+    sum.failed += account.failed;
+  }
+  return sum;
 }
 
 }  // namespace
@@ -77,6 +90,20 @@ std::string ReadingLine(const RunEnd& end, const std::string& out) {
       break;
   }
   return fmt::format("irvela: the reading failed after {}{}: {}\n", read, missing, end.reason);
+}
+
+std::string FillLine(const RunEnd& end) {
+  const SectionAccount sum = SumOfArchives(end);
+  std::string text = sum.expected == 0
+                         ? "nothing to fill"
+                         : fmt::format("filled {} of {} missing {}", sum.received, sum.expected,
+                                       sum.expected == 1 ? "record" : "records");
+  if (sum.notHeld > 0) text += fmt::format("; the instrument does not hold {}", sum.notHeld);
+  if (sum.failed > 0)
+    text += fmt::format("; {} {}", sum.failed, sum.failed == 1 ? "remains" : "remain");
+  if (end.ending == Ending::kInterrupted) return fmt::format("irvela: interrupted: {}\n", text);
+  if (end.ending != Ending::kFailed) return fmt::format("irvela: {}\n", text);
+  return fmt::format("irvela: the reading failed: {}: {}\n", text, end.reason);
 }
 
 std::string FollowLine(const RunEnd& end, std::size_t rows, std::chrono::seconds elapsed,

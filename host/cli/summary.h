@@ -23,6 +23,9 @@ std::string MissingLines(const RunEnd& end);
 // What a reading brought. out: the folder that keeps it, or empty.
 std::string ReadingLine(const RunEnd& end, const std::string& out);
 
+// What a reading of gaps brought: "irvela: filled 12 of 14 missing records; 2 remain".
+std::string FillLine(const RunEnd& end);
+
 // The same of a continuous reading, whose sections come again and again.
 std::string FollowLine(const RunEnd& end, std::size_t rows, std::chrono::seconds elapsed,
                        const std::string& out);

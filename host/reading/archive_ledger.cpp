@@ -34,6 +34,27 @@ ArchiveLedger::Record* ArchiveLedger::Find(PeriodNumber number) {
   return &records_[static_cast<std::size_t>(number - range_.first)];
 }
 
+// One that this reading has to do with.
+ArchiveLedger::Record* ArchiveLedger::FindOpen(PeriodNumber number) {
+  Record* record = Find(number);
+  const bool known =
+      record != nullptr && (record->state == State::kKept || record->state == State::kLearnt);
+  return known ? nullptr : record;
+}
+
+void ArchiveLedger::Mark(const std::vector<PeriodRange>& ranges, State state) {
+  for (const PeriodRange& range : ranges) {
+    for (PeriodNumber number = range.first; number <= range.last; ++number) {
+      if (Record* record = Find(number)) record->state = state;
+    }
+  }
+}
+
+void ArchiveLedger::Know(const KnownArchive& known) {
+  Mark(known.kept, State::kKept);
+  Mark(known.absent, State::kLearnt);
+}
+
 PeriodNumber ArchiveLedger::NumberAt(std::size_t index) const {
   return range_.first + static_cast<PeriodNumber>(index);
 }
@@ -47,7 +68,8 @@ bool ArchiveLedger::Receive(const TAVDT& date) {
   if (!number) return false;
   next_ = *number + 1;
   Record* record = Find(*number);
-  if (record == nullptr || record->state == State::kReceived) return false;
+  if (record == nullptr) return false;
+  if (record->state == State::kReceived || record->state == State::kKept) return false;
   record->state = State::kReceived;
   return true;
 }
@@ -56,7 +78,7 @@ void ArchiveLedger::SetNotHeld(const TAVDT& date) {
   const auto number = NumberOf(period_, date);
   if (!number) return;
   next_ = *number + 1;
-  Record* record = Find(*number);
+  Record* record = FindOpen(*number);
   if (record != nullptr && record->state != State::kReceived) record->state = State::kNotHeld;
 }
 
@@ -98,7 +120,7 @@ void ArchiveLedger::FailAsked(const std::string& reason) {
 
 void ArchiveLedger::SettleAsked() {
   if (!asked_) return;
-  Record* record = Find(*asked_);
+  Record* record = FindOpen(*asked_);
   asked_.reset();
   if (record == nullptr || record->state == State::kReceived) return;
   record->state = State::kEmpty;
@@ -181,7 +203,7 @@ void ArchiveLedger::Tell(SectionAccount& account) const {
   const auto count = [&](State state) {
     return static_cast<std::size_t>(std::count(results.begin(), results.end(), state));
   };
-  account.expected = results.size();
+  account.expected = results.size() - count(State::kKept) - count(State::kLearnt);
   account.received = count(State::kReceived);
   account.notHeld = count(State::kNotHeld);
   account.failed = account.expected - account.received - account.notHeld;

@@ -6,15 +6,10 @@
 #include <vector>
 
 #include "host/reading/account.h"
+#include "host/reading/known_records.h"
 #include "host/reading/periods.h"
 
 namespace host {
-
-// Periods that follow each other, both ends included; none when the last one lies before the first.
-struct PeriodRange {
-  PeriodNumber first = 0;
-  PeriodNumber last = -1;
-};
 
 // A K7 reply without a record may mean that there is none, or that what the instrument sent was
 // lost. It means that there is none where the period was not over by the instrument's clock, and
@@ -23,6 +18,9 @@ class ArchiveLedger {
  public:
   // range: what was asked for.
   ArchiveLedger(Period period, PeriodRange range);
+
+  // What earlier readings have brought is no part of what comes of this one.
+  void Know(const KnownArchive& known);
 
   // A run of the driver goes through the archive from a period on.
   void Begin(PeriodNumber first);
@@ -42,6 +40,7 @@ class ArchiveLedger {
   void SettleAsked();
 
   Period Of() const { return period_; }
+  const PeriodRange& Range() const { return range_; }
   // What to ask for again.
   std::vector<PeriodRange> Gaps() const;
   // Whether a reply without a record looks like a lost one.
@@ -52,7 +51,14 @@ class ArchiveLedger {
   void Tell(SectionAccount& account) const;
 
  private:
-  enum class State : unsigned char { kMissing, kReceived, kNotHeld, kEmpty };
+  enum class State : unsigned char {
+    kMissing,
+    kReceived,
+    kNotHeld,
+    kEmpty,  // a reply without a record
+    kKept,   // by earlier readings,
+    kLearnt  // by them too: not held
+  };
   struct Record {
     State state = State::kMissing;
     unsigned char empties = 0;  // replies without a record
@@ -60,6 +66,8 @@ class ArchiveLedger {
   };
 
   Record* Find(PeriodNumber number);
+  Record* FindOpen(PeriodNumber number);
+  void Mark(const std::vector<PeriodRange>& ranges, State state);
   PeriodNumber NumberAt(std::size_t index) const;
   bool IsOver(std::size_t index) const;
   void Miss(PeriodNumber number, const std::string& reason);

@@ -4,8 +4,26 @@
 
 namespace host {
 
-Assembler::Assembler(RunListener& sinks, const ReadSettings& asked)
-    : WrappedListener(sinks), asked_(asked), ledger_(asked), labels_(asked.kind) {}
+Assembler::Assembler(RunListener& sinks, const ReadSettings& asked, KnownRecords* known)
+    : WrappedListener(sinks), asked_(asked), known_(known), ledger_(asked), labels_(asked.kind) {}
+
+void Assembler::Plan(KnownInstrument instrument) {
+  expected_ = std::move(instrument);
+  ledger_ = Ledger(asked_, expected_);
+  meetsAnother_ = false;
+  anyRun_ = false;
+  number_.clear();
+}
+
+// Where nobody was expected and nothing is known of the one that answers, all goes on as planned.
+void Assembler::Meet(const Title& title) {
+  const bool same =
+      title.model == expected_.model && (title.number.empty() || title.number == expected_.serial);
+  if (known_ == nullptr || same) return;
+  other_ = known_->Of(title);
+  meetsAnother_ = !expected_.model.empty() || !other_.archives.empty();
+  if (!meetsAnother_) expected_ = other_;
+}
 
 void Assembler::BeginDriverRun(const ReadSettings& settings) {
   repeated_ = std::exchange(anyRun_, true);
@@ -34,6 +52,8 @@ bool Assembler::IsWanted(const Section& section) const {
 
 // A section that was asked for again is told when it brings a row.
 void Assembler::BeginSection(const Section& section) {
+  Meet(section.title);
+  if (meetsAnother_) return;
   units_.See(section);
   section_ = section;
   labels_.Correct(section_.title);
@@ -51,6 +71,7 @@ void Assembler::BeginOnce() {
 }
 
 void Assembler::AddRow(const Section& section, const Cells& cells) {
+  if (meetsAnother_) return;
   units_.See(section, cells);
   if (!IsWanted(section_)) return;
   cells_ = cells;
@@ -65,7 +86,7 @@ void Assembler::EndSection(const Section&) {
 }
 
 void Assembler::Tell(const Message& message) {
-  ledger_.Tell(message);
+  if (!meetsAnother_) ledger_.Tell(message);
   labels_.Tell(message);
   Wrapped().Tell(message);
 }

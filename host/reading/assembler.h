@@ -3,11 +3,13 @@
 // asked for.
 #pragma once
 
+#include <atomic>
 #include <set>
 #include <string>
 
 #include "host/fields/unit_settings.h"
 #include "host/reading/follow_labels.h"
+#include "host/reading/known_records.h"
 #include "host/reading/ledger.h"
 #include "host/reading/wrapped_listener.h"
 
@@ -15,8 +17,14 @@ namespace host {
 
 class Assembler final : public WrappedListener {
  public:
-  // sinks must outlive it.
-  Assembler(RunListener& sinks, const ReadSettings& asked);
+  // Both must outlive it. known: null when all that is asked for is to be read.
+  Assembler(RunListener& sinks, const ReadSettings& asked, KnownRecords* known = nullptr);
+
+  // What is known of the instrument that is expected, or of the one that answers instead.
+  void Plan(KnownInstrument instrument);
+  // Another instrument answers: what comes of this run is dropped. From any thread.
+  bool MeetsAnother() const { return meetsAnother_; }
+  void PlanForOther() { Plan(std::move(other_)); }
 
   // A run of the driver with these settings begins, or ended.
   void BeginDriverRun(const ReadSettings& settings);
@@ -32,10 +40,15 @@ class Assembler final : public WrappedListener {
   void Tell(const Message& message) override;
 
  private:
+  void Meet(const Title& title);
   void BeginOnce();
   bool IsWanted(const Section& section) const;
 
   ReadSettings asked_;
+  KnownRecords* known_;
+  KnownInstrument expected_;
+  KnownInstrument other_;
+  std::atomic<bool> meetsAnother_ = false;
   Ledger ledger_;
   FollowLabels labels_;
   UnitSettings units_;

@@ -7,7 +7,6 @@ namespace host {
 namespace {
 
 using Kind = RecordEvent::Kind;
-using tav::ReadGroup;
 using tav::TitleKind;
 
 constexpr int kNoSuchRecord = 23;
@@ -17,10 +16,6 @@ constexpr int kLastRefusal = 24;
 constexpr const char* kNoSense = "the reply made no sense";
 constexpr const char* kNoValues = "the reply held no values";
 constexpr const char* kNoEntries = "replies came without what they should hold";
-
-bool Asks(const std::string& groups, ReadGroup group) {
-  return groups.find(static_cast<char>(group)) != std::string::npos;
-}
 
 bool IsZero(const Cell& cell) {
   if (const auto* number = std::get_if<std::uint32_t>(&cell)) return *number == 0;
@@ -49,49 +44,10 @@ void TakeOutEmptyReplies(Cells& cells) {
 
 }  // namespace
 
-PeriodRange RangeOf(const ReadSettings& settings, Period period) {
-  const auto first = NumberOf(period, TavOf(settings.from));
-  const auto last = NumberOf(period, TavOf(settings.to));
-  if (!first || !last) return {};
-  const bool endLeftOut = period == Period::kDay && settings.kind == tav::Mode::kOlder;
-  return {*first, endLeftOut ? *last - 1 : *last};
-}
-
-ReadSettings DriverSettings(const ReadSettings& asked) {
-  ReadSettings settings = asked;
-  if (asked.kind != tav::Mode::kOlder) return settings;
-  if (!Asks(settings.groups, ReadGroup::kDatabase)) {
-    settings.groups += static_cast<char>(ReadGroup::kDatabase);
-  }
-  const SYSTEMTIME& to = asked.to;
-  const bool wholeDay = to.wHour == 23 && to.wMinute == 59;
-  if (wholeDay && Asks(settings.groups, ReadGroup::kDays)) {
-    const auto day = NumberOf(Period::kDay, TavOf(to));
-    if (day) settings.to = SystemTimeOf(StartOf(Period::kDay, *day + 1));
-  }
-  return settings;
-}
-
 void Ledger::Begin(const ReadSettings& run) {
   run_ = run;
   section_ = nullptr;
   reason_.clear();
-}
-
-// The days that are expected follow the driver's end, all others the one that was asked for.
-void Ledger::Identify(const ModelPlan& plan) {
-  part_ = plan.sections.front().part;
-  if (plan_ != nullptr) return;
-  plan_ = &plan;
-  const ReadSettings driver = DriverSettings(asked_);
-  for (const PlannedSection& planned : plan.sections) {
-    if (!Asks(asked_.groups, planned.group)) continue;
-    entries_.push_back({planned, std::nullopt});
-    if (const auto period = PeriodOf(planned.kind)) {
-      const ReadSettings& settings = period == Period::kDay ? driver : asked_;
-      entries_.back().archive.emplace(*period, RangeOf(settings, *period));
-    }
-  }
 }
 
 Ledger::Entry* Ledger::Find(TitleKind kind, std::string_view name) {

@@ -11,6 +11,7 @@
 
 #include "host/reading/account.h"
 #include "host/reading/archive_ledger.h"
+#include "host/reading/known_records.h"
 #include "host/reading/model_plan.h"
 #include "host/reading/record_events.h"
 #include "host/reading/settings.h"
@@ -20,7 +21,8 @@ namespace host {
 
 class Ledger {
  public:
-  explicit Ledger(ReadSettings asked) : asked_(std::move(asked)) {}
+  // known: only what that lacks is expected, rather than all that is asked for.
+  explicit Ledger(ReadSettings asked, std::optional<KnownInstrument> known = std::nullopt);
 
   // A run of the driver with these settings begins, or ended.
   void Begin(const ReadSettings& run);
@@ -32,11 +34,15 @@ class Ledger {
 
   // Whether the instrument has told its model; without it there are no accounts.
   bool Identified() const { return plan_ != nullptr; }
+  // Whether only what earlier readings lack is expected.
+  bool IsOfGaps() const { return known_.has_value(); }
   std::vector<SectionAccount> Accounts() const;
   std::size_t Missing() const;  // records, over all accounts
   // Whether records are missing that the driver never came to.
   bool HasUnasked() const;
-  // Runs that would bring what is missing.
+  // The run that a reading begins with; none: there is nothing to read.
+  std::optional<ReadSettings> FirstRun() const;
+  // Runs that would bring what is missing, and nothing besides.
   std::vector<ReadSettings> Gaps() const;
 
  private:
@@ -52,6 +58,11 @@ class Ledger {
 
   bool IsK7() const { return asked_.kind == tav::Mode::kK7; }
   void Identify(const ModelPlan& plan);
+  PeriodRange UnknownRange(Period period) const;
+  std::string UndatedGroups(bool archives) const;
+  std::vector<PeriodRange> GapsOf(tav::ReadGroup group) const;
+  std::string MissingGroups() const;
+  bool HasEntry(tav::ReadGroup group) const;
   Entry* Find(tav::TitleKind kind, std::string_view name);
   void SetNow(const TAVDT& now);
   void BeginPart(const std::string& name);
@@ -70,6 +81,7 @@ class Ledger {
   SectionAccount AccountOf(const Entry& entry, bool doubt) const;
 
   ReadSettings asked_;
+  std::optional<KnownInstrument> known_;
   ReadSettings run_;
   const ModelPlan* plan_ = nullptr;
   std::vector<Entry> entries_;
@@ -82,6 +94,9 @@ class Ledger {
 
 // The period of an archive that settings ask for, as the driver goes through it.
 PeriodRange RangeOf(const ReadSettings& settings, Period period);
+
+// The one that is expected of a reading that is asked for.
+PeriodRange ExpectedOf(const ReadSettings& asked, Period period);
 
 // Settings for the driver that bring what is asked for: the last day of the older protocol's daily
 // archive is read only when the period ends behind it, and its parameters, which tell the units,

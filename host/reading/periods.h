@@ -19,6 +19,12 @@ std::optional<Period> PeriodOf(tav::TitleKind kind);
 using PeriodNumber = std::int64_t;
 std::optional<PeriodNumber> NumberOf(Period period, const TAVDT& time);
 
+// Periods that follow each other, both ends included; none when the last one lies before the first.
+struct PeriodRange {
+  PeriodNumber first = 0;
+  PeriodNumber last = -1;
+};
+
 // The first second of a period.
 TAVDT StartOf(Period period, PeriodNumber number);
 

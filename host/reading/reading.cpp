@@ -15,17 +15,20 @@ namespace {
 class Reading {
  public:
   Reading(const DriverLibrary& library, const ReadSettings& asked, LinePort& line,
-          RunListener& listener, const AskStop& askStop)
+          RunListener& listener, const AskStop& askStop, KnownRecords* known)
       : library_(library),
         asked_(asked),
         line_(line),
         askStop_(askStop),
-        assembler_(listener, asked) {}
+        assembler_(listener, asked, known) {}
 
   const UnitSettings& Units() const { return assembler_.Units(); }
+  void Plan(KnownInstrument instrument) { assembler_.Plan(std::move(instrument)); }
+  SYSTEMTIME From() const;
   RunEnd Run();
 
  private:
+  void Begin();
   DriverEnd RunOnce(const ReadSettings& settings);
   DriverEnd Fill(const ReadSettings& gap);
   bool FillGaps();
@@ -40,13 +43,17 @@ class Reading {
   const AskStop& askStop_;
   Assembler assembler_;
   std::size_t ignored_ = 0;
-  DriverEnd first_;      // the run that was to bring everything
+  bool idle_ = false;    // there was nothing to read
+  DriverEnd first_;      // the run that was to bring everything, or the first of what is wanted
   std::string refusal_;  // of the listener
 };
 
 DriverEnd Reading::RunOnce(const ReadSettings& settings) {
   assembler_.BeginDriverRun(settings);
-  DriverEnd end = RunDriver(library_, settings, line_, assembler_, askStop_);
+  const AskStop askStop = [this] {
+    return assembler_.MeetsAnother() ? StopRequest::kDone : askStop_();
+  };
+  DriverEnd end = RunDriver(library_, settings, line_, assembler_, askStop);
   assembler_.EndDriverRun();
   ignored_ += end.counts.ignored;
   if (refusal_.empty()) refusal_ = end.status.refusal;
@@ -55,7 +62,7 @@ DriverEnd Reading::RunOnce(const ReadSettings& settings) {
 
 bool Reading::IsOver(const DriverEnd& run) const {
   return !run.begun || run.waited || line_.Lost() || !refusal_.empty() ||
-         askStop_() != StopRequest::kNone;
+         assembler_.MeetsAnother() || askStop_() != StopRequest::kNone;
 }
 
 // A run that broke off before it came to what it is for is made once more.
@@ -64,6 +71,30 @@ DriverEnd Reading::Fill(const ReadSettings& gap) {
   const DriverEnd run = RunOnce(gap);
   const bool broke = run.status.succeeded != true && assembler_.Records().Missing() == missing;
   return broke && !IsOver(run) ? RunOnce(gap) : run;
+}
+
+// Where what is wanted begins.
+SYSTEMTIME Reading::From() const {
+  SYSTEMTIME from = asked_.from;
+  bool any = false;
+  for (const ReadSettings& run : assembler_.Records().Gaps()) {
+    if (!any || IsEarlier(TavOf(run.from), TavOf(from))) from = run.from;
+    any = true;
+  }
+  return from;
+}
+
+// An instrument that was not expected is read by what is known of it.
+void Reading::Begin() {
+  constexpr int kMostPlans = 3;
+  for (int plans = 0; plans < kMostPlans; ++plans) {
+    if (assembler_.MeetsAnother()) assembler_.PlanForOther();
+    const auto run = assembler_.Records().FirstRun();
+    idle_ = !run;
+    if (idle_) return;
+    first_ = RunOnce(*run);
+    if (!assembler_.MeetsAnother()) return;
+  }
 }
 
 // Asks for what is missing. An instrument that does not even tell its model any more, several times
@@ -83,6 +114,7 @@ bool Reading::FillGaps() {
 std::string Reading::FailureReason() const {
   if (!refusal_.empty()) return refusal_;
   if (!line_.Trouble().empty()) return line_.Trouble();
+  if (assembler_.MeetsAnother()) return "another instrument answers each time";
   if (!first_.begun) return "the reading could not be started";
   if (first_.waited) return SilenceReason(asked_);
   const std::string& error = first_.status.lastError;
@@ -90,6 +122,7 @@ std::string Reading::FailureReason() const {
 }
 
 Ending Reading::EndingOf(const std::vector<SectionAccount>& accounts) const {
+  if (idle_) return Ending::kRead;
   if (!first_.begun || line_.Lost() || !refusal_.empty()) return Ending::kFailed;
   const bool gaps = std::any_of(accounts.begin(), accounts.end(),
                                 [](const SectionAccount& account) { return account.failed > 0; });
@@ -102,9 +135,11 @@ Ending Reading::EndingOf(const std::vector<SectionAccount>& accounts) const {
 }
 
 // A round that brings something does not count while there is what was never asked for before: a
-// reading that breaks off again and again comes to its end.
+// reading that breaks off again and again comes to its end. Where only what lacks is wanted, the
+// first round is none that asks again.
 void Reading::AskAgain() {
   const Ledger& records = assembler_.Records();
+  if (records.HasUnasked() && records.IsOfGaps() && !FillGaps()) return;
   for (int rounds = 0; rounds < asked_.retryGaps;) {
     const bool unasked = records.HasUnasked();
     const std::size_t missing = records.Missing();
@@ -114,9 +149,9 @@ void Reading::AskAgain() {
 }
 
 RunEnd Reading::Run() {
-  first_ = RunOnce(DriverSettings(asked_));
+  Begin();
   const bool complete = asked_.follow || IsOver(first_) || !assembler_.Records().Identified();
-  if (!complete && asked_.retryGaps > 0) AskAgain();
+  if (!complete) AskAgain();
   RunEnd end;
   if (!asked_.follow) end.accounts = assembler_.Records().Accounts();
   end.ending = EndingOf(end.accounts);
@@ -130,14 +165,18 @@ RunEnd Reading::Run() {
 }  // namespace
 
 RunEnd RunReading(const DriverLibrary& library, const Run& run, LinePort& line,
-                  RunListener& listener, const AskStop& askStop,
+                  RunListener& listener, const AskStop& askStop, KnownRecords* known,
                   const std::function<SYSTEMTIME()>& now) {
   ReadSettings asked = *run.settings;
   // A small letter asks for the same, but for the hours of the older protocol, which it leaves out.
   for (char& letter : asked.groups) letter = static_cast<char>(std::toupper(letter));
   ClockCheck clock(listener, asked, now);
-  Reading reading(library, asked, line, clock, askStop);
+  Reading reading(library, asked, line, clock, askStop, known);
   Run told = run;
+  if (known != nullptr) {
+    reading.Plan(known->ReadLast(run));
+    told.settings->from = reading.From();
+  }
   told.units = &reading.Units();
   listener.BeginRun(told);
   RunEnd end = reading.Run();

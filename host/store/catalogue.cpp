@@ -40,6 +40,10 @@ std::string SignatureOf(const std::vector<Column>& columns, const std::vector<Fi
 
 }  // namespace
 
+std::string PlaceOf(const Run& run) {
+  return run.settings ? fmt::format("{}, number {}", run.line, run.settings->number) : run.line;
+}
+
 long long Catalogue::Add(const Instrument& instrument) {
   long long id = 0;
   database_.Session()

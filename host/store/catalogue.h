@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/fields/fields.h"
+#include "host/reading/run_listener.h"
 #include "host/store/database.h"
 #include "host/stream/section.h"
 
@@ -19,6 +20,9 @@ struct Instrument {
   std::string version;  // of its firmware
   std::string place;    // line and network number, as it was read last
 };
+
+// Where a run found its instrument: "tcp:gateway:4001, number 1".
+std::string PlaceOf(const Run& run);
 
 // All of it within a transaction. Each returns the key of what is there already, or is made.
 class Catalogue {

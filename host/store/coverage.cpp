@@ -131,8 +131,8 @@ PeriodRange ExtentIn(Database& database, const std::string& table, long long sec
 struct Archive {
   StoredSection section;
   Period period{};
-  PeriodRange records = kNone;
-  PeriodRange all = kNone;  // those that are known not to be there besides
+  PeriodRange records;
+  PeriodRange all;  // those that are known not to be there besides
 };
 
 std::vector<Archive> ArchivesOf(Database& database, const std::vector<StoredSection>& sections) {
@@ -140,12 +140,8 @@ std::vector<Archive> ArchivesOf(Database& database, const std::vector<StoredSect
   for (const StoredSection& section : sections) {
     const auto period = PeriodOf(section.kind);
     if (!period) continue;
-    Archive archive{section, *period};
-    if (!section.records.empty()) {
-      archive.records = ExtentIn(database, section.records, section.id);
-    }
-    archive.all = Union(archive.records, ExtentIn(database, "absences", section.id));
-    archives.push_back(std::move(archive));
+    archives.push_back(
+        {section, *period, KeptExtent(database, section), KnownExtent(database, section)});
   }
   return archives;
 }
@@ -199,6 +195,14 @@ std::size_t Count(const Coverage& coverage, RecordState state) {
 
 bool HasGaps(const Coverage& coverage) {
   return Count(coverage, RecordState::kMissing) + Count(coverage, RecordState::kUnasked) > 0;
+}
+
+PeriodRange KeptExtent(Database& database, const StoredSection& section) {
+  return section.records.empty() ? kNone : ExtentIn(database, section.records, section.id);
+}
+
+PeriodRange KnownExtent(Database& database, const StoredSection& section) {
+  return Union(KeptExtent(database, section), ExtentIn(database, "absences", section.id));
 }
 
 Coverage CoverageOf(Database& database, const StoredSection& section, const PeriodRange& bounds) {

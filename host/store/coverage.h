@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/reading/archive_ledger.h"
+#include "host/reading/periods.h"
 #include "host/store/selection.h"
 
 namespace host {
@@ -40,7 +40,12 @@ std::size_t Count(const Coverage& coverage, RecordState state);
 // Whether a reading could bring something.
 bool HasGaps(const Coverage& coverage);
 
-// section: an archive. Within Read, as the next.
+// From the first record of an archive to the last one, or to the last that is kept or known not to
+// be there; may be none. Within Read, as the next.
+PeriodRange KeptExtent(Database& database, const StoredSection& section);
+PeriodRange KnownExtent(Database& database, const StoredSection& section);
+
+// section: an archive.
 Coverage CoverageOf(Database& database, const StoredSection& section, const PeriodRange& bounds);
 
 // Of the archives that a selection names, in the order of FindSections. Where it names no bounds:

@@ -107,10 +107,8 @@ void StoreSink::WriteRows() {
 // An instrument that tells no serial number is known by its place.
 void StoreSink::LearnInstrument(const Title& title) {
   if (title.number.empty() && instrument_ != 0) return;
-  const ReadSettings settings = run_.settings.value_or(ReadSettings{});
-  const std::string place =
-      run_.settings ? fmt::format("{}, number {}", run_.line, settings.number) : run_.line;
-  const std::string kind = run_.settings ? KindName(settings.kind) : "";
+  const std::string place = PlaceOf(run_);
+  const std::string kind = run_.settings ? KindName(run_.settings->kind) : "";
   const std::string serial = title.number.empty() ? '@' + place : title.number;
   const long long before =
       std::exchange(instrument_, catalogue_.Add({kind, title.model, serial, title.version, place}));
@@ -204,6 +202,7 @@ RecordTable& StoreSink::TableOf(const RecordLayout& layout) {
 
 // Of an instrument that has told who it is; also of sections that never came.
 void StoreSink::WriteAbsences(const RunEnd& end) {
+  if (instrument_ == 0 && open_ != nullptr) LearnInstrument(open_->section.title);
   if (instrument_ == 0) return;
   for (const SectionAccount& account : end.accounts) {
     if (account.missing.empty() && account.absent.empty()) continue;

@@ -68,6 +68,13 @@ TEST_CASE("wrong usage is told in one line") {
       {"read", "--port", "a", "--sim-units", "1"},
       {"decode"},
       {"simulate", "521", "--pty", "a", "--tcp", "1"},
+      {"read", "--port", "a", "--fill"},
+      {"read", "--port", "a", "--db", "b", "--fill=oldest"},
+      {"read", "--port", "a", "--db", "b", "--fill", "--since-last"},
+      {"read", "--port", "a", "--db", "b", "--since-last", "--from", "2016-09-01"},
+      {"read", "--port", "a", "--db", "b", "--since-last", "--follow"},
+      {"read", "--port", "a", "--db", "b", "--ask-again", "3"},
+      {"gaps", "--from", "2016-09-02", "--to", "2016-09-01"},
   };
   for (const Words& words : cases) {
     CAPTURE(words.size());

@@ -26,7 +26,110 @@ std::ptrdiff_t Told(const Outcome& outcome, const std::string& message) {
                        [&](const std::string& told) { return told.starts_with(message); });
 }
 
+// Who is expected, and what is known of the one that answers instead.
+class Known final : public host::KnownRecords {
+ public:
+  Known(host::KnownInstrument expected, host::KnownInstrument other)
+      : expected_(std::move(expected)), other_(std::move(other)) {}
+  host::KnownInstrument ReadLast(const host::Run& /*run*/) override { return expected_; }
+  host::KnownInstrument Of(const host::Title& title) override {
+    other_.model = title.model;
+    other_.serial = title.number;
+    return other_;
+  }
+
+ private:
+  host::KnownInstrument expected_;
+  host::KnownInstrument other_;
+};
+
+// Hours of 4 September 2016.
+host::KnownArchive Hours(const char* section, int first, int last,
+                         std::vector<host::PeriodRange> kept = {}, int absent = -1) {
+  constexpr host::PeriodNumber kMidnight = 17048 * 24;
+  host::KnownArchive archive{
+      tav::TitleKind::kHourly, section, {kMidnight + first, kMidnight + last}, {}, {}};
+  for (const host::PeriodRange& range : kept) {
+    archive.kept.push_back({kMidnight + range.first, kMidnight + range.last});
+  }
+  if (absent >= 0) archive.absent.push_back({kMidnight + absent, kMidnight + absent});
+  return archive;
+}
+
+host::KnownArchive Days(const char* section, host::PeriodRange september) {
+  return {
+      tav::TitleKind::kDaily, section, {17044 + september.first, 17044 + september.last}, {}, {}};
+}
+
 }  // namespace
+
+TEST_CASE("what earlier readings have left is read, and only that") {
+  const std::string model = "УРМ523";
+  const std::string serial = "12822465";
+  const SYSTEMTIME from{2016, 9, 0, 4, 11, 0, 0, 0};
+  const host::KnownInstrument gaps{
+      model,
+      serial,
+      {Hours("ТВ1", 0, 12, {{0, 2}, {4, 12}}), Hours("ТВ2", 0, 12, {{0, 4}, {7, 12}}, 5)}};
+  struct Case {
+    const char* what;
+    host::KnownInstrument expected;
+    host::KnownInstrument other;
+    int runs;
+    const char* accounts;
+    const char* first;  // row of ТВ1's hours
+  };
+  const Case cases[] = {
+      {"two gaps apart",
+       gaps,
+       {},
+       2,
+       "DТВ1 0/0/0 HТВ1 1/0/0 DТВ2 0/0/0 HТВ2 1/0/0 ",
+       "2016-09-04 03"},
+      {"nothing", {model, serial, {Hours("ТВ1", 0, 1, {{0, 1}})}}, {}, 0, "HТВ1 0/0/0 ", ""},
+      {"archives that begin and end together",
+       {model,
+        serial,
+        {Days("ТВ1", {3, 3}), Days("ТВ2", {3, 3}), Hours("ТВ1", -5, 12), Hours("ТВ2", -5, 12)}},
+       {},
+       1,
+       "DТВ1 1/0/0 HТВ1 18/0/0 DТВ2 1/0/0 HТВ2 18/0/0 ",
+       "2016-09-03 19"},
+      {"an archive that is not known yet",
+       {model, serial, {Hours("ТВ1", 11, 12)}, from},
+       {},
+       1,
+       "DТВ1 0/0/0 HТВ1 2/0/0 DТВ2 0/0/0 HТВ2 2/0/0 ",
+       "2016-09-04 11"},
+      {"another instrument",
+       {"УРМ521", serial, {Hours("ОВ", 0, 12)}},
+       gaps,
+       3,
+       "DТВ1 0/0/0 HТВ1 1/0/0 DТВ2 0/0/0 HТВ2 1/0/0 ",
+       "2016-09-04 03"},
+      {"nobody, and nothing is known of who answers",
+       {"", "", {}, from},
+       {"", "", {}, from},
+       1,
+       "DТВ1 0/0/0 HТВ1 2/0/0 DТВ2 0/0/0 HТВ2 2/0/0 ",
+       "2016-09-04 11"},
+  };
+  for (const Case& item : cases) {
+    INFO(std::string(item.what));
+    host::ReadSettings asked = Asked("523", 1, 0);
+    asked.to = {2016, 9, 0, 4, 12, 0, 0, 0};
+    asked.groups = "SH";
+    Known known(item.expected, item.other);
+    const Outcome outcome = Read(asked, Instrument("523"), &known);
+    CHECK(outcome.end.ending == host::Ending::kRead);
+    CHECK(Told(outcome, "Opros End") == item.runs);
+    CHECK(AccountsOf(outcome) == item.accounts);
+    const auto hours = outcome.rows.all.find(Rows::NameOf(tav::TitleKind::kHourly, "ТВ1"));
+    const bool any = hours != outcome.rows.all.end() && !hours->second.empty();
+    CHECK(any == (*item.first != '\0'));
+    if (any) CHECK(hours->second.front().starts_with(item.first));
+  }
+}
 
 TEST_CASE("a day that ends a period is read whole, and what lies behind it is not") {
   for (const simulator::Choice& model : simulator::Models()) {

@@ -18,7 +18,8 @@ host::ReadSettings Asked(const std::string& model, int attempts, int retryGaps) 
   return asked;
 }
 
-Outcome Read(const host::ReadSettings& asked, const simulator::Settings& settings) {
+Outcome Read(const host::ReadSettings& asked, const simulator::Settings& settings,
+             host::KnownRecords* known) {
   // Some replies leave the driver waiting until it is stopped, as a person would stop it.
   constexpr int kPatience = 5000;
   std::atomic<int> pauses = 0;
@@ -28,9 +29,11 @@ Outcome Read(const host::ReadSettings& asked, const simulator::Settings& setting
   });
   Outcome outcome;
   SimulatedPort line(settings);
-  outcome.end = host::RunReading(host::DriverLibrary(""), {asked, "", {}}, line, outcome.rows, [&] {
+  const auto askStop = [&] {
     return pauses > kPatience ? host::StopRequest::kInterrupted : host::StopRequest::kNone;
-  });
+  };
+  outcome.end = host::RunReading(host::DriverLibrary(""), {asked, "", {}}, line, outcome.rows,
+                                 askStop, known);
   support::clock::Reset();
   return outcome;
 }

@@ -67,7 +67,8 @@ struct Outcome {
 // 3 September, 20:00, to the end of the 4th; the instrument's clock stands at 13:05 on the 4th.
 host::ReadSettings Asked(const std::string& model, int attempts, int retryGaps);
 
-Outcome Read(const host::ReadSettings& asked, const simulator::Settings& settings);
+Outcome Read(const host::ReadSettings& asked, const simulator::Settings& settings,
+             host::KnownRecords* known = nullptr);
 
 simulator::Settings Instrument(const std::string& model, std::vector<simulator::Fault> faults = {});
 
