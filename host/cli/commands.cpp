@@ -11,6 +11,7 @@ std::span<const CommandRow> Commands() {
       {"show", "Shows what the store keeps of an instrument.", MakeShowCommand},
       {"gaps", "Shows which records the store lacks.", MakeGapsCommand},
       {"params", "Shows parameters of instruments, and what changed.", MakeParamsCommand},
+      {"check", "Finds in the store what an engineer would want to know.", MakeCheckCommand},
       {"export", "Writes what the store keeps, a row a line.", MakeExportCommand},
       {"simulate", "Is an instrument on a line.", MakeSimulateCommand},
       {"models", "Lists the models and what their values mean.", MakeModelsCommand},

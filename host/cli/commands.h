@@ -25,6 +25,7 @@ std::unique_ptr<Command> MakeListCommand();
 std::unique_ptr<Command> MakeShowCommand();
 std::unique_ptr<Command> MakeGapsCommand();
 std::unique_ptr<Command> MakeParamsCommand();
+std::unique_ptr<Command> MakeCheckCommand();
 std::unique_ptr<Command> MakeExportCommand();
 std::unique_ptr<Command> MakeSimulateCommand();
 std::unique_ptr<Command> MakeModelsCommand();

@@ -1,6 +1,8 @@
 // How quantities, pipes and the like are called.
 #include "host/fields/words.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <iterator>
 
@@ -75,5 +77,9 @@ const char* NameOf(Pipe pipe) { return Find(kPipes, pipe); }
 const char* NameOf(Span span) { return Find(kSpans, span); }
 const char* NameOf(tav::Type type) { return Find(kTypes, type); }
 const char* NameOf(tav::Role role) { return Find(kRoles, role); }
+
+std::string CountOf(std::size_t count, const char* what) {
+  return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
+}
 
 }  // namespace host

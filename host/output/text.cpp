@@ -38,10 +38,6 @@ std::string ClockWarning(const RunEnd& end) {
   return ClockDifference(*end.clock);
 }
 
-std::string CountOf(std::size_t count, const char* what) {
-  return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
-}
-
 std::size_t DisplayWidth(const std::string& utf8) {
   return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char character) {
     return (static_cast<unsigned char>(character) & 0xC0U) != 0x80U;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "host/fields/words.h"
 #include "host/output/ranges.h"
 #include "host/reading/run_listener.h"
 #include "host/stream/section.h"
@@ -29,9 +30,6 @@ std::vector<std::string> AccountLines(const SectionAccount& account, std::size_t
 
 // "the instrument's clock is 3 h 12 min ahead of this machine's"; empty unless that is too much.
 std::string ClockWarning(const RunEnd& end);
-
-// "1 row", "2 rows".
-std::string CountOf(std::size_t count, const char* what);
 
 // Characters on the screen of a UTF-8 text.
 std::size_t DisplayWidth(const std::string& utf8);

@@ -38,6 +38,7 @@ RecordLayout Make(const Layout& layout) {
   RecordLayout made;
   made.table.append("records_").append(model).append("_").append(content);
   made.view.append(content).append("_").append(model);
+  made.model = layout.model;
   made.kind = KindName(NamesOf(layout.content).kind);
   for (const ColumnRun& run : layout.runs) {
     for (const Entry& entry : run.entries) {
@@ -49,7 +50,7 @@ RecordLayout Make(const Layout& layout) {
 }
 
 std::vector<RecordLayout> MakeAll() {
-  std::vector<RecordLayout> layouts = {{kOtherRecords, "", "", {}}};
+  std::vector<RecordLayout> layouts = {{kOtherRecords, "", "", {}, {}}};
   for (const std::span<const Layout> model : AllLayouts()) {
     for (const Layout& layout : model) {
       if (PeriodOf(NamesOf(layout.content).kind)) layouts.push_back(Make(layout));

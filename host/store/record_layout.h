@@ -1,6 +1,7 @@
 // The tables of archive records, made from the table of fields: one for each archive of a model.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,7 @@ struct RecordLayout {
   std::string view;          // "hours_523"
   std::string kind;          // "hours"
   std::vector<Slot> values;  // a column for each field but the record's time
+  std::optional<Model> model{};  // none: records of any
 };
 
 // Sections that the table of fields does not know: all of their values stand in the column "other".

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <iterator>
 #include <stdexcept>
 
@@ -145,7 +146,16 @@ bool Values::Exists(Archive kind, Moment begin, Moment now) {
 }
 
 Row Values::ArchiveRow(Archive kind, int system, Moment begin) const {
-  return RowOf(system, begin, EndOf(kind, begin));
+  const Moment end = EndOf(kind, begin);
+  Row row = RowOf(system, begin, end);
+  if (kind != Archive::kControl) return row;
+  // Volumes, masses, heat and times are totals as they stood at the end of the day.
+  const Moment since = LastSeptember(begin);
+  const Row totals = RowOf(system, since, end, totals_.Until(PlantOf(system), since, end));
+  for (auto& [name, value] : row) {
+    if (!name.empty() && std::strchr("VMQT", name.front()) != nullptr) value = totals.at(name);
+  }
+  return row;
 }
 
 std::optional<std::string> Values::ParameterText(int channel, int number) const {

@@ -94,8 +94,8 @@ TEST_CASE("what the option library finds is told in sentences") {
   };
   const Case cases[] = {
       {{},
-       "give a command, one of read, replay, decode, list, show, gaps, params, export, simulate, "
-       "models (irvela --help tells "
+       "give a command, one of read, replay, decode, list, show, gaps, params, check, export, "
+       "simulate, models (irvela --help tells "
        "more)"},
       {{"--all"}, "there is no option --all (irvela --help tells more)"},
       {{"read", "--number", "1"},
