@@ -1,6 +1,6 @@
 #!/bin/bash
 # Kills readings at random moments: the store stays whole and holds every row that was shown, and a
-# reading that is let alone completes it.
+# reading that fills what it lacks completes it.
 # usage: kill.sh KILLS IRVELA...
 set -euo pipefail
 kills=$1
@@ -49,13 +49,13 @@ done
 
 # What the archive lacks now is told, and read; no record comes twice. Killed before the first record,
 # there is nothing to fill.
-[ "$count" -gt 0 ] || (exec "$irvela" read --simulate 521 --groups H --clock "2016-09-10 12:00:05" \
+[ "$count" -gt 0 ] || (exec "${irvela[@]}" read --simulate 521 --groups H --clock "2016-09-10 12:00:05" \
   --from 2016-03-01 --to 2016-03-02 --db kept.db >/dev/null 2>log)
 code=0
-"$irvela" gaps --db kept.db --from 2016-01-01 --to 2016-07-31 >gaps || code=$?
+"${irvela[@]}" gaps --db kept.db --from 2016-01-01 --to 2016-07-31 >gaps || code=$?
 [ "$code" = 3 ] || [ "$count" = "$all" ] || fail "no gaps: $(cat gaps)"
 (reading --db kept.db --fill >/dev/null)
-"$irvela" gaps --db kept.db --from 2016-01-01 --to 2016-07-31 >gaps || fail "gaps: $(cat gaps)"
+"${irvela[@]}" gaps --db kept.db --from 2016-01-01 --to 2016-07-31 >gaps || fail "gaps: $(cat gaps)"
 (reading --db whole.db >/dev/null)
 contents='SELECT system, time, sp, t1, v1, m1, q FROM hours_521 ORDER BY system, time'
 [ "$(ask kept.db "$contents")" = "$(ask whole.db "$contents")" ] || fail "the archive is not whole"
