@@ -13,6 +13,7 @@ std::span<const CommandRow> Commands() {
       {"params", "Shows parameters of instruments, and what changed.", MakeParamsCommand},
       {"check", "Finds in the store what an engineer would want to know.", MakeCheckCommand},
       {"export", "Writes what the store keeps, a row a line.", MakeExportCommand},
+      {"import", "Takes earlier readings into the store.", MakeImportCommand},
       {"simulate", "Is an instrument on a line.", MakeSimulateCommand},
       {"models", "Lists the models and what their values mean.", MakeModelsCommand},
   };

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 
+#include "host/fields/fields.h"
+
 namespace host {
 namespace {
 
@@ -20,6 +22,36 @@ bool MayBe(const Layout& layout, const Title& title) {
 bool Describes(const Entry& entry, const ColumnRun& run, const Column& column) {
   return column.name == entry.column && column.type == TypeIn(run, entry) &&
          column.role == run.role && column.caption == CaptionOf(entry);
+}
+
+// By its words, and the field that it makes.
+FoundEntry FindByField(const Layout& layout, const Section& section, std::size_t column,
+                       const std::string& field) {
+  const Column& known = section.columns[column];
+  const UnitOf unit = UnitByShownText(section.units[column]);
+  for (const ColumnRun& run : layout.runs) {
+    for (const Entry& entry : run.entries) {
+      const bool words = known.name == entry.column && known.caption == CaptionOf(entry);
+      if (words && FieldOf(run, entry, unit).name == field) return {&entry, &run};
+    }
+  }
+  return {};
+}
+
+std::size_t CountByFields(const Layout& layout, const Section& section,
+                          const std::vector<std::string>& fields) {
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    if (FindByField(layout, section, i, fields[i]).entry != nullptr) ++count;
+  }
+  return count;
+}
+
+void Complete(Column& column, const FoundEntry& found) {
+  if (found.entry == nullptr) return;
+  column.type = TypeIn(*found.run, *found.entry);
+  column.width = tav::WidthOf(column.type);
+  column.role = found.run->role;
 }
 
 }  // namespace
@@ -60,6 +92,23 @@ const Layout* FindLayout(const Section& section) {
     }
   }
   return best;
+}
+
+void CompleteColumns(Section& section, const std::vector<std::string>& fields) {
+  const Layout* best = nullptr;
+  std::size_t most = 0;
+  for (const std::span<const Layout> layouts : AllLayouts()) {
+    for (const Layout& layout : layouts) {
+      const std::size_t count =
+          MayBe(layout, section.title) ? CountByFields(layout, section, fields) : 0;
+      if (count > most) best = &layout;
+      most = std::max(most, count);
+    }
+  }
+  if (best == nullptr) return;
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    Complete(section.columns[i], FindByField(*best, section, i, fields[i]));
+  }
 }
 
 }  // namespace host

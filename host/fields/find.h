@@ -2,6 +2,8 @@
 #pragma once
 
 #include <span>
+#include <string>
+#include <vector>
 
 #include "host/fields/layout.h"
 #include "host/stream/section.h"
@@ -17,6 +19,10 @@ const char* CaptionOf(const Entry& entry);
 // The layout that describes a section; null when none does. Texts of models and sections are shared
 // between models; their columns are not.
 const Layout* FindLayout(const Section& section);
+
+// Gives columns of which only name, caption and true unit are known, and the name of each one's
+// field, their types, widths and roles; what no layout has stays as it is.
+void CompleteColumns(Section& section, const std::vector<std::string>& fields);
 
 // A column in a layout, and the run that it stands in; both null when it is not there.
 struct FoundEntry {

@@ -44,13 +44,13 @@ std::string PlaceOf(const Run& run) {
   return run.settings ? fmt::format("{}, number {}", run.line, run.settings->number) : run.line;
 }
 
-long long Catalogue::Add(const Instrument& instrument) {
+long long Catalogue::Add(const Instrument& instrument, bool present) {
   long long id = 0;
-  database_.Session()
-      << "INSERT INTO instruments (kind, model, serial, version, place) "
-         "VALUES (:kind, :model, :serial, :version, :place) "
-         "ON CONFLICT (serial, model, kind) DO UPDATE SET version = excluded.version, "
-         "place = excluded.place RETURNING id",
+  const char* source = present ? "excluded" : "instruments";
+  database_.Session() << "INSERT INTO instruments (kind, model, serial, version, place) "
+                         "VALUES (:kind, :model, :serial, :version, :place) "
+                         "ON CONFLICT (serial, model, kind) DO UPDATE SET version = "
+                      << source << ".version, place = " << source << ".place RETURNING id",
       soci::use(instrument.kind), soci::use(instrument.model), soci::use(instrument.serial),
       soci::use(instrument.version), soci::use(instrument.place), soci::into(id);
   return id;

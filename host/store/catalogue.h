@@ -30,7 +30,8 @@ class Catalogue {
   // database must outlive it.
   explicit Catalogue(Database& database) : database_(database) {}
 
-  long long Add(const Instrument& instrument);
+  // present: that is its version and place now; else one that is known keeps those that it has.
+  long long Add(const Instrument& instrument, bool present = true);
   // records: the table of its records; empty when it has none, or none has come yet.
   long long AddSection(long long instrument, const std::string& kind, const std::string& system,
                        const std::string& records);

@@ -1,22 +1,12 @@
 #include "host/store/kept_format.h"
 
-#include <charconv>
-
 namespace host {
 namespace {
 
-constexpr std::size_t kTimeLength = 19;
-
-unsigned NumberAt(const std::string& text, std::size_t place, std::size_t count) {
-  unsigned number = 0;
-  std::from_chars(text.data() + place, text.data() + place + count, number);
-  return number;
-}
-
 // The first column of archives and logs; other dates are shown as the texts that they are kept as.
 Cell TextCell(const std::string& text, tav::Type type) {
-  if (type == tav::Type::kDateTime && text.size() == kTimeLength) return TimeOf(text);
-  return text;
+  const auto time = type == tav::Type::kDateTime ? ParseTime(text) : std::nullopt;
+  return time ? Cell(*time) : Cell(text);
 }
 
 }  // namespace
@@ -59,16 +49,6 @@ Cell CellOf(const nlohmann::ordered_json& value, tav::Type type) {
   return value.get<double>();
 }
 
-TAVDT TimeOf(const std::string& text) {
-  TAVDT time{};
-  if (text.size() != kTimeLength) return time;
-  time.year = static_cast<unsigned short>(NumberAt(text, 0, 4));
-  time.month = static_cast<unsigned char>(NumberAt(text, 5, 2));
-  time.day = static_cast<unsigned char>(NumberAt(text, 8, 2));
-  time.hour = static_cast<unsigned char>(NumberAt(text, 11, 2));
-  time.minute = static_cast<unsigned char>(NumberAt(text, 14, 2));
-  time.second = static_cast<unsigned char>(NumberAt(text, 17, 2));
-  return time;
-}
+TAVDT TimeOf(const std::string& text) { return ParseTime(text).value_or(TAVDT{}); }
 
 }  // namespace host

@@ -70,13 +70,15 @@ void ReadingRows::AddValues(const Place& place, const FieldValues& content) {
       soci::use(text);
 }
 
-// A reading has one snapshot: parameters that come in parts make it more complete.
+// A reading has one snapshot: parameters that come in parts make it more complete. A file that is
+// taken in later may be older than what is kept.
 void ReadingRows::AddParameters(const Place& place, const FieldValues& parameters) {
   std::string text;
   soci::session& session = database_.Session();
-  session << "SELECT content FROM snapshots WHERE section = :section "
-             "ORDER BY reading DESC, id DESC LIMIT 1",
-      soci::use(place.section), soci::into(text);
+  session << "SELECT s.content FROM snapshots s JOIN readings r ON r.id = s.reading "
+             "JOIN readings own ON own.id = :own AND r.begun <= own.begun "
+             "WHERE s.section = :section ORDER BY r.begun DESC, s.id DESC LIMIT 1",
+      soci::use(id_), soci::use(place.section), soci::into(text);
   const FieldValues before = session.got_data() ? FieldValues::parse(text) : FieldValues::object();
   if (!before.empty() && !Tells(parameters, before)) return;
   session << "DELETE FROM snapshots WHERE section = :section AND reading = :reading",

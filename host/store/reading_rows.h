@@ -17,6 +17,7 @@ struct RecordCounts {
   long long added = 0;
   long long changed = 0;
   long long equal = 0;
+  long long left = 0;  // that differ, and did not replace what is kept
 };
 
 class ReadingRows {

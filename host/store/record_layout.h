@@ -12,10 +12,10 @@
 namespace host {
 
 struct RecordLayout {
-  std::string table;         // "records_523_hours"
-  std::string view;          // "hours_523"
-  std::string kind;          // "hours"
-  std::vector<Slot> values;  // a column for each field but the record's time
+  std::string table;             // "records_523_hours"
+  std::string view;              // "hours_523"
+  std::string kind;              // "hours"
+  std::vector<Slot> values;      // a column for each field but the record's time
   std::optional<Model> model{};  // none: records of any
 };
 

@@ -90,15 +90,17 @@ RecordTable::RecordTable(Database& database, const RecordLayout& layout, Contrad
   Prepare(select_, "SELECT " + Listed(values_, own, "", "") + " FROM " + layout.table + kWhere);
 }
 
-PutResult RecordTable::Put(const RecordPlace& place) {
+PutResult RecordTable::Put(const RecordPlace& place, bool replace) {
   Place(place);
   insert_.execute(true);
   if (insert_.get_affected_rows() > 0) return PutResult::kNew;
   LoadKept();
   if (IsSame()) return PutResult::kEqual;
-  KeepFormer(place);
+  const bool own = kept_[1].integer == place.reading;  // a kept stream may bring it in pieces
+  if (!own && !replace) return PutResult::kLeft;
+  if (!own) KeepFormer(place);
   update_.execute(true);
-  return PutResult::kChanged;
+  return own ? PutResult::kEqual : PutResult::kChanged;
 }
 
 void RecordTable::Place(const RecordPlace& place) {

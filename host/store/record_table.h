@@ -20,7 +20,7 @@ struct RecordPlace {
   long long format = 0;
 };
 
-enum class PutResult { kNew, kEqual, kChanged };
+enum class PutResult { kNew, kEqual, kChanged, kLeft };
 
 class RecordTable {
  public:
@@ -35,8 +35,9 @@ class RecordTable {
   Slot& Other() { return values_[kOther]; }
   static constexpr std::size_t kFirstValue = 4;
 
-  // Within a transaction. A different record becomes the current one, the former is kept.
-  PutResult Put(const RecordPlace& place);
+  // Within a transaction. A different record becomes the current one, the former is kept; unless it
+  // is not to replace one of another reading.
+  PutResult Put(const RecordPlace& place, bool replace);
 
  private:
   static constexpr std::size_t kOther = 3;

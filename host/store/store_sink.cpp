@@ -42,6 +42,14 @@ const TAVDT* DateOf(const Cells& cells) {
   return cells.empty() ? nullptr : std::get_if<TAVDT>(&cells.front());
 }
 
+// By the columns, where nothing else tells it.
+tav::Mode KindOf(const Section& section) {
+  const Layout* layout = FindLayout(section);
+  const bool k7 =
+      layout != nullptr && (layout->model == Model::kK7521 || layout->model == Model::kK7523);
+  return k7 ? tav::Mode::kK7 : tav::Mode::kOlder;
+}
+
 // Bytes of a row that no column describes.
 constexpr const char* kUndescribed = "undescribed";
 
@@ -51,17 +59,23 @@ std::string Summary(const std::string& name, const RecordCounts& counts) {
                   counts.added == 1 ? "1 record" : fmt::format("{} records", counts.added));
   if (counts.changed > 0) text += fmt::format(", {} changed", counts.changed);
   if (counts.equal > 0) text += fmt::format(", {} as before", counts.equal);
+  if (counts.left > 0) text += fmt::format(", {} otherwise, left as kept", counts.left);
   return text;
 }
 
 }  // namespace
 
-std::unique_ptr<RunListener> MakeStoreSink(const std::string& address, StoreReport report) {
-  return std::make_unique<StoreSink>(PlaceOfStore(address), std::move(report));
+std::unique_ptr<RunListener> MakeStoreSink(const std::string& address, StoreReport report,
+                                           bool replace) {
+  return std::make_unique<StoreSink>(PlaceOfStore(address), std::move(report), replace);
 }
 
-StoreSink::StoreSink(const std::string& address, StoreReport report)
-    : database_(address), report_(std::move(report)), catalogue_(database_), reading_(database_) {
+StoreSink::StoreSink(const std::string& address, StoreReport report, bool replace)
+    : database_(address),
+      report_(std::move(report)),
+      replace_(replace),
+      catalogue_(database_),
+      reading_(database_) {
   PrepareSchema(database_);
 }
 
@@ -105,19 +119,21 @@ void StoreSink::WriteRows() {
 }
 
 // An instrument that tells no serial number is known by its place.
-void StoreSink::LearnInstrument(const Title& title) {
+void StoreSink::LearnInstrument(const Section& section) {
+  const Title& title = section.title;
   if (title.number.empty() && instrument_ != 0) return;
   const std::string place = PlaceOf(run_);
-  const std::string kind = run_.settings ? KindName(run_.settings->kind) : "";
+  const tav::Mode kind = run_.settings ? run_.settings->kind : KindOf(section);
   const std::string serial = title.number.empty() ? '@' + place : title.number;
-  const long long before =
-      std::exchange(instrument_, catalogue_.Add({kind, title.model, serial, title.version, place}));
+  const Instrument instrument{KindName(kind), title.model, serial, title.version, place};
+  const bool present = run_.settings.has_value();
+  const long long before = std::exchange(instrument_, catalogue_.Add(instrument, present));
   if (before != instrument_) reading_.SetInstrument(instrument_);
 }
 
 void StoreSink::Learn(Open& open) {
   const Title& title = open.section.title;
-  LearnInstrument(title);
+  LearnInstrument(open.section);
   const bool archive = PeriodOf(title.kind).has_value();
   if (archive) open.layout = &RecordLayoutOf(open.section);
   open.id = catalogue_.AddSection(instrument_, KindName(title.kind), title.section,
@@ -179,7 +195,7 @@ void StoreSink::WriteRecord(const Open& open, const Cells& cells) {
   Fill(table, open, cells);
   const TAVDT time = IsDate(*date) ? *date : StartOf(period, *number);
   const RecordPlace place{open.id, *number, DateText(time), reading_.Id(), open.format};
-  Count(table.Put(place));
+  Count(table.Put(place, replace_));
   archives_[open.id] = open.layout->table;
 }
 
@@ -187,6 +203,7 @@ void StoreSink::Count(PutResult result) {
   if (result == PutResult::kNew) ++counts_.added;
   if (result == PutResult::kEqual) ++counts_.equal;
   if (result == PutResult::kChanged) ++counts_.changed;
+  if (result == PutResult::kLeft) ++counts_.left;
 }
 
 RecordTable& StoreSink::TableOf(const RecordLayout& layout) {
@@ -202,7 +219,7 @@ RecordTable& StoreSink::TableOf(const RecordLayout& layout) {
 
 // Of an instrument that has told who it is; also of sections that never came.
 void StoreSink::WriteAbsences(const RunEnd& end) {
-  if (instrument_ == 0 && open_ != nullptr) LearnInstrument(open_->section.title);
+  if (instrument_ == 0 && open_ != nullptr) LearnInstrument(open_->section);
   if (instrument_ == 0) return;
   for (const SectionAccount& account : end.accounts) {
     if (account.missing.empty() && account.absent.empty()) continue;

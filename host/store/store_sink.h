@@ -17,7 +17,7 @@ namespace host {
 class StoreSink final : public RunListener {
  public:
   // Opens the store; throws std::runtime_error.
-  StoreSink(const std::string& address, StoreReport report);
+  StoreSink(const std::string& address, StoreReport report, bool replace);
 
   void BeginRun(const Run& run) override;
   void BeginSection(const Section& section) override;
@@ -46,7 +46,7 @@ class StoreSink final : public RunListener {
   void WriteRow(const Row& row);
   void WriteRecord(const Open& open, const Cells& cells);
   void Learn(Open& open);
-  void LearnInstrument(const Title& title);
+  void LearnInstrument(const Section& section);
   RecordTable& TableOf(const RecordLayout& layout);
   void WriteAbsences(const RunEnd& end);
   void Fill(RecordTable& table, const Open& open, const Cells& cells) const;
@@ -57,6 +57,7 @@ class StoreSink final : public RunListener {
 
   Database database_;
   StoreReport report_;
+  const bool replace_;
   Catalogue catalogue_;
   ReadingRows reading_;
   Run run_;

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <string_view>
 
 #include "host/stream/code_page.h"
 
@@ -88,6 +89,26 @@ struct Appender {
 };
 
 }  // namespace
+
+std::optional<TAVDT> ParseTime(const std::string& text) {
+  constexpr std::string_view kForm = "0000-00-00 00:00:00";
+  if (text.size() != kForm.size()) return std::nullopt;
+  for (std::size_t i = 0; i < kForm.size(); ++i) {
+    const bool digit = text[i] >= '0' && text[i] <= '9';
+    if (kForm[i] == '0' ? !digit : text[i] != kForm[i]) return std::nullopt;
+  }
+  const auto number = [&](std::size_t place) {
+    return static_cast<unsigned char>((text[place] - '0') * 10 + text[place + 1] - '0');
+  };
+  TAVDT time{};
+  time.year = static_cast<unsigned short>(number(0) * 100 + number(2));
+  time.month = number(5);
+  time.day = number(8);
+  time.hour = number(11);
+  time.minute = number(14);
+  time.second = number(17);
+  return time;
+}
 
 std::string HexText(ByteView bytes) {
   constexpr const char* kDigits = "0123456789ABCDEF";

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -32,6 +33,9 @@ std::string CellText(const Cell& cell);
 // "13:05:09", a day of the year "09-04".
 void AppendDate(std::string& out, const TAVDT& time);
 std::string DateText(const TAVDT& time);
+
+// "2016-09-04 13:05:09" back; none when it is no such text.
+std::optional<TAVDT> ParseTime(const std::string& text);
 
 // "0x00FF".
 std::string HexText(ByteView bytes);
