@@ -14,6 +14,7 @@ std::span<const CommandRow> Commands() {
       {"check", "Finds in the store what an engineer would want to know.", MakeCheckCommand},
       {"export", "Writes what the store keeps, a row a line.", MakeExportCommand},
       {"import", "Takes earlier readings into the store.", MakeImportCommand},
+      {"explain", "Says what the bytes of frames mean.", MakeExplainCommand},
       {"simulate", "Is an instrument on a line.", MakeSimulateCommand},
       {"models", "Lists the models and what their values mean.", MakeModelsCommand},
   };

@@ -89,8 +89,8 @@ void StreamLine::KeepDropped() {
 void StreamLine::DropLate(std::string_view question) {
   const bool again = question == asked_;
   asked_ = question;
-  if (std::exchange(cleared_, false)) return;
   dropped_.clear();
+  if (std::exchange(cleared_, false)) return;
   const milliseconds silence = again ? kSilence : milliseconds(0);
   const auto latest = Clock::now() + kLateLimit;
   do {

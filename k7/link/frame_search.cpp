@@ -7,11 +7,6 @@ namespace {
 
 using State = SearchResult::State;
 
-// Offsets within a long frame.
-constexpr std::size_t kLengthAt = 5;
-constexpr std::size_t kCommandAt = 7;
-constexpr std::size_t kDataAt = 8;
-
 // Neither search looks at anything before six bytes are there.
 constexpr std::size_t kFirstLook = 5;
 constexpr std::size_t kToStopByte = 4;

@@ -16,6 +16,11 @@ inline constexpr std::uint8_t kStartByte = 0x10;
 inline constexpr std::uint8_t kLongMarker = 0x90;
 inline constexpr std::uint8_t kStopByte = 0x16;
 
+// Offsets within a long frame.
+inline constexpr std::size_t kLengthAt = 5;
+inline constexpr std::size_t kCommandAt = 7;
+inline constexpr std::size_t kDataAt = 8;
+
 // What a long frame holds beside the bytes that its length counts.
 inline constexpr std::size_t kLongOverhead = 9;
 

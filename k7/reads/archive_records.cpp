@@ -3,8 +3,6 @@
 namespace k7 {
 namespace {
 
-constexpr std::uint8_t kRecordTag = 0x30;
-
 void DecodeColumn(Type type, TlvWalk& items, Record& record) {
   switch (type) {
     case Type::kByte:

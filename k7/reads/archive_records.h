@@ -10,6 +10,8 @@
 
 namespace k7 {
 
+inline constexpr std::uint8_t kRecordTag = 0x30;
+
 // What stands at a cursor among the records.
 enum class Found {
   kRecord,

@@ -5,17 +5,10 @@
 namespace k7 {
 namespace {
 
-constexpr std::uint8_t kReferenceTag = 0x4A;
 constexpr std::uint8_t kStringTag = 0x04;
 
-// A reference: tag, length, channel, parameter number. The length byte of a request leaves room for
-// 50 of them.
-constexpr std::size_t kReferenceSize = 5;
+// The length byte of a request leaves room for so many.
 constexpr std::size_t kMostReferences = 50;
-
-// Where the stamps lie in an archive request.
-constexpr std::size_t kFromAt = 9;
-constexpr std::size_t kToAt = 19;
 
 std::uint8_t Low(unsigned value) { return static_cast<std::uint8_t>(value & 0xFFU); }
 

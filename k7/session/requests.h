@@ -13,8 +13,18 @@
 
 namespace k7 {
 
+inline constexpr std::uint8_t kIdentify = 0x3F;
 inline constexpr std::uint8_t kReadParameters = 0x72;
 inline constexpr std::uint8_t kReadArchive = 0x61;
+
+// A reference to a parameter: tag, length, channel, number (low byte first).
+inline constexpr std::uint8_t kReferenceTag = 0x4A;
+inline constexpr std::size_t kReferenceSize = 5;
+
+// Where the stamps lie in an archive request, four bytes of each; the rest of the end follows the
+// start.
+inline constexpr std::size_t kFromAt = 9;
+inline constexpr std::size_t kToAt = 19;
 
 // The 27 data bytes of an archive request. The end's minute, second and extra number stand in the
 // start's place and the end carries none: intended.

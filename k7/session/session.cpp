@@ -10,9 +10,7 @@
 namespace k7 {
 namespace {
 
-constexpr std::uint8_t kIdentify = 0x3F;
 constexpr std::uint32_t kLargestUnit = 2;
-constexpr std::uint16_t kTimeParameter = 0x0400;  // the date is the next one
 
 std::uint8_t ReadUnit(TlvWalk& items) {
   return static_cast<std::uint8_t>(std::min(items.ItemText(), kLargestUnit));
@@ -28,7 +26,6 @@ bool Session::Connect(std::uint8_t address, FrameMode mode) {
   return Replied(driver_, kIdentify, received, "error start") && Identify();
 }
 
-// The reply: the model's code, a byte that is not used, the version.
 bool Session::Identify() {
   const auto& reply = requests_.LastReply().bytes;
   const auto code = static_cast<std::uint16_t>(reply[0] | (reply[1] << 8));
@@ -38,7 +35,7 @@ bool Session::Identify() {
     Say(driver_, common::Format("undefined %X", unsigned{code}), "error start ");
     return false;
   }
-  common::SetText(identity_.devVersion, common::Format("V%d", int{reply[3]}));
+  common::SetText(identity_.devVersion, common::Format("V%d", int{reply[kVersionAt]}));
   return true;
 }
 

@@ -10,6 +10,13 @@
 
 namespace k7 {
 
+// The instrument's clock on channel 0: its time; the date is the next one.
+inline constexpr std::uint16_t kTimeParameter = 0x0400;
+
+// The reply to an identification: the model's code (low byte first), a byte that is not used, the
+// version.
+inline constexpr std::size_t kVersionAt = 3;
+
 // What the instrument said of itself.
 struct Identity {
   const Introduction* introduction = nullptr;  // null: not identified

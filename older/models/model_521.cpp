@@ -7,15 +7,12 @@ namespace {
 
 // --- Database ---
 
-constexpr std::size_t kDatabasePages = 2;
-using DatabasePages = std::array<std::uint8_t, kDatabasePages * kFlashPageSize>;
-
-ExchangeError RequestDatabase(TKSplImpl& reader, DatabasePages& pages) {
+ExchangeError RequestDatabase(TKSplImpl& reader, DatabasePages521& pages) {
   // No Control call before this one request: intended. Nor is a page ever left out.
   const ExchangeError sent =
-      reader.link.Send(FlashRequest(0, kDatabasePages), LineControl::kLeftOut);
+      reader.link.Send(FlashRequest(0, kDatabasePages521), LineControl::kLeftOut);
   if (sent != ExchangeError::kNone) return sent;
-  for (std::size_t page = 0; page < kDatabasePages; ++page) {
+  for (std::size_t page = 0; page < kDatabasePages521; ++page) {
     const ExchangeError error =
         reader.link.ReadReply(std::span(pages).subspan(page * kFlashPageSize, kFlashPageSize));
     if (error != ExchangeError::kNone) return InSecondHalf(error);
@@ -35,54 +32,29 @@ void StoreAbsent(std::size_t count, std::span<std::uint8_t> record, std::size_t 
   }
 }
 
-// Year 1 marks a date without a year. The time of day stands with its minute before its hour.
-void ConvertDatabase(const DatabasePages& pages, std::uint8_t versionIndex,
-                     std::span<std::uint8_t> record) {
-  constexpr Field kTO = FieldOf(kBdLayout521, "TO");
-  constexpr Field kID = FieldOf(kBdLayout521, "ID");
-  const auto a = std::span(pages).first<kFlashPageSize>();
-  const auto b = std::span(pages).last<kFlashPageSize>();
-  CopyFloats(kTO.offset / 4, a, 0, record, 0);
-  Store(record, kTO, {1, 1, 1, a[57], a[56], 0});
-  Store(record, FieldOf(kBdLayout521, "DO"),
-        {static_cast<unsigned short>(a[60] + 2000), a[61], a[62], 0, 0, 0});
-  Store(record, FieldOf(kBdLayout521, "DL"), {1, b[0], b[1], 0, 0, 0});
-  Store(record, FieldOf(kBdLayout521, "DS"), {1, b[4], b[5], 0, 0, 0});
-  CopyFloat(b, 8, record, FieldOf(kBdLayout521, "NT").offset);
-  if (versionIndex != 0) {
-    CopyFloat(b, 12, record, kID.offset);
-  } else {
-    StoreAbsent(1, record, kID.offset);
-  }
-}
-
 // --- Operative values ---
 
-constexpr std::uint16_t kOperativeAddress = 195;
-constexpr std::size_t kOperativeFloats = 10;
-constexpr std::uint16_t kFlowsAddress = 328;
-constexpr std::size_t kFlowFloats = 2;
 constexpr std::uint8_t kFirstVersionWithFlows = 2;
 
 ExchangeError RequestFlows(TKSplImpl& reader, std::span<std::uint8_t> record) {
   constexpr std::size_t kTo = FieldOf(kOperLayout521, "G1").offset;
   if (reader.versionIndex < kFirstVersionWithFlows) {
-    StoreAbsent(kFlowFloats, record, kTo);
+    StoreAbsent(kFlowFloats521, record, kTo);
     return ExchangeError::kNone;
   }
-  std::array<std::uint8_t, kFlowFloats * 4> flows{};
-  const ExchangeError error = reader.link.ReadMemory(kFlowsAddress, flows);
+  std::array<std::uint8_t, kFlowFloats521 * 4> flows{};
+  const ExchangeError error = reader.link.ReadMemory(kFlowsAddress521, flows);
   if (error != ExchangeError::kNone) return InSecondHalf(error);
-  CopyFloats(kFlowFloats, flows, 0, record, kTo);
+  CopyFloats(kFlowFloats521, flows, 0, record, kTo);
   return ExchangeError::kNone;
 }
 
 // Everything but the situation code, which this model does not deliver.
 ExchangeError RequestOperative(TKSplImpl& reader, std::span<std::uint8_t> record) {
-  std::array<std::uint8_t, kOperativeFloats * 4> values{};
-  const ExchangeError error = reader.link.ReadMemory(kOperativeAddress, values);
+  std::array<std::uint8_t, kOperativeFloats521 * 4> values{};
+  const ExchangeError error = reader.link.ReadMemory(kOperativeAddress521, values);
   if (error != ExchangeError::kNone) return error;
-  CopyFloats(kOperativeFloats, values, 0, record, FieldOf(kOperLayout521, "V1").offset);
+  CopyFloats(kOperativeFloats521, values, 0, record, FieldOf(kOperLayout521, "V1").offset);
   return RequestFlows(reader, record);
 }
 
@@ -135,13 +107,34 @@ ChosenUnits Units521(const TKSplImpl& reader, int /*system*/) {
   return {"кг/см2"_w, "ГКал"_w};
 }
 
+// Year 1 marks a date without a year. The time of day stands with its minute before its hour.
+void ConvertDatabase521(const DatabasePages521& pages, std::uint8_t versionIndex,
+                        std::span<std::uint8_t> record) {
+  constexpr Field kTO = FieldOf(kBdLayout521, "TO");
+  constexpr Field kID = FieldOf(kBdLayout521, "ID");
+  const auto a = std::span(pages).first<kFlashPageSize>();
+  const auto b = std::span(pages).last<kFlashPageSize>();
+  CopyFloats(kTO.offset / 4, a, 0, record, 0);
+  Store(record, kTO, {1, 1, 1, a[57], a[56], 0});
+  Store(record, FieldOf(kBdLayout521, "DO"),
+        {static_cast<unsigned short>(a[60] + 2000), a[61], a[62], 0, 0, 0});
+  Store(record, FieldOf(kBdLayout521, "DL"), {1, b[0], b[1], 0, 0, 0});
+  Store(record, FieldOf(kBdLayout521, "DS"), {1, b[4], b[5], 0, 0, 0});
+  CopyFloat(b, 8, record, FieldOf(kBdLayout521, "NT").offset);
+  if (versionIndex != 0) {
+    CopyFloat(b, 12, record, kID.offset);
+  } else {
+    StoreAbsent(1, record, kID.offset);
+  }
+}
+
 ReadResult ReadDatabase521(TKSplImpl& reader, const Block& block, int /*system*/,
                            std::span<std::uint8_t> record) {
-  DatabasePages pages{};
+  DatabasePages521 pages{};
   const AttemptPlan plan{.name = block.attempts, .confirmation = ForOthers(reader.policy)};
   const ReadResult result =
       Attempt(reader.driver, reader.policy, plan, [&] { return RequestDatabase(reader, pages); });
-  if (result.done) ConvertDatabase(pages, reader.versionIndex, record);
+  if (result.done) ConvertDatabase521(pages, reader.versionIndex, record);
   return result;
 }
 

@@ -55,10 +55,19 @@ static_assert(std::size(kOperLayout521) == 13 && RecordSize(kOperLayout521) == 4
 // Firmware whose version begins with w measures in SI units.
 ChosenUnits Units521(const TKSplImpl& reader, int system);
 
-// Two flash pages of floats and dates.
+// Two flash pages of floats and dates, from page 0 on.
+inline constexpr std::size_t kDatabasePages521 = 2;
+using DatabasePages521 = std::array<std::uint8_t, kDatabasePages521 * kFlashPageSize>;
+// versionIndex: byte 5 of the identification.
+void ConvertDatabase521(const DatabasePages521& pages, std::uint8_t versionIndex,
+                        std::span<std::uint8_t> record);
 ReadResult ReadDatabase521(TKSplImpl& reader, const Block& block, int system,
                            std::span<std::uint8_t> record);
-// Two pieces of memory.
+// Two pieces of memory: floats from the columns V1 and G1 on.
+inline constexpr std::uint16_t kOperativeAddress521 = 195;
+inline constexpr std::size_t kOperativeFloats521 = 10;
+inline constexpr std::uint16_t kFlowsAddress521 = 328;
+inline constexpr std::size_t kFlowFloats521 = 2;
 ReadResult ReadOperative521(TKSplImpl& reader, const Block& block, int system,
                             std::span<std::uint8_t> record);
 void ConvertHour521(Columns columns, std::span<const std::uint8_t> reply,

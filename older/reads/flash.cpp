@@ -7,9 +7,6 @@
 namespace older {
 namespace {
 
-// A row holds its text in the middle.
-constexpr std::size_t kRowSize = 16;
-constexpr std::size_t kRowText = 4;
 constexpr std::size_t kRowsPerPage = kFlashPageSize / kRowSize;
 constexpr std::size_t kItemsPerPage = kFlashPageSize / kItemSize;
 

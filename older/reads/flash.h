@@ -21,6 +21,10 @@ struct FlashRead {
 using ReadFlash = FlashRead (*)(TKSplImpl& reader, std::uint16_t place, std::size_t size,
                                 FlashBuffer& buffer);
 
+// A row holds its text in the middle.
+inline constexpr std::size_t kRowSize = 16;
+inline constexpr std::size_t kRowText = 4;
+
 // The 8-byte texts of 16-byte rows, from the start of a page on.
 FlashRead ReadFlashRows(TKSplImpl& reader, std::uint16_t firstPage, std::size_t size,
                         FlashBuffer& buffer);

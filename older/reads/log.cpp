@@ -8,8 +8,6 @@
 namespace older {
 namespace {
 
-constexpr std::size_t kLogEntries = 100;
-
 void ConvertEntry(const Log& log, std::span<const std::uint8_t> entry,
                   std::span<std::uint8_t> record) {
   char text[kLogDateText + 1] = {};

@@ -17,6 +17,7 @@ struct Log {
   void (*convert)(std::span<const std::uint8_t> entry, std::span<std::uint8_t> rest);
 };
 
+inline constexpr std::size_t kLogEntries = 100;
 inline constexpr std::size_t kLogDateText = 17;  // "04.09.16/13:05:09", at the start of an entry
 
 // Reads the log at a flash byte address, with attempts. One that cannot be read has no entries.

@@ -2,13 +2,8 @@
 #include "older/session/session.h"
 
 namespace older {
-namespace {
 
-constexpr std::size_t kClockSize = 6;
-
-}  // namespace
-
-TAVDT DecodeClock(std::span<const std::uint8_t, 6> bytes) {
+TAVDT DecodeClock(std::span<const std::uint8_t, kClockSize> bytes) {
   const unsigned century = bytes[0] < 90 ? 2000 : 1900;
   TAVDT clock{static_cast<unsigned short>(century + bytes[0]),
               bytes[1],

@@ -6,15 +6,9 @@
 namespace older {
 namespace {
 
-constexpr unsigned kReplySize = 8;
 bool Fail(TKSplImpl& reader, const char* text) {
   reader.Say(text, "Error Version");
   return false;
-}
-
-// Null: unknown.
-const char* VersionText(const Identity& identity, std::uint8_t version) {
-  return version < identity.versions.size() ? identity.versions[version] : nullptr;
 }
 
 void Adopt(TKSplImpl& reader, const Identity& identity, std::uint8_t version) {
@@ -48,19 +42,20 @@ bool Identify(TKSplImpl& reader, std::uint8_t session) {
   if (reader.link.Send({Function::kIdentify, {session}}) != ExchangeError::kNone) {
     return Fail(reader, "Not Write");
   }
-  const int count = reader.link.ReadPlain(kReplySize);
-  if (count != static_cast<int>(kReplySize)) return Fail(reader, common::Format("Read %d", count));
+  const int count = reader.link.ReadPlain(kIdentificationSize);
+  if (count != static_cast<int>(kIdentificationSize))
+    return Fail(reader, common::Format("Read %d", count));
 
   const auto reply = reader.link.Received();
   const int faulty = FaultyByte(reply, static_cast<std::uint8_t>(reader.driver.numberN));
   if (faulty >= 0) return Fail(reader, common::Format("%d", faulty));
   const auto found =
       std::find_if(reader.known.begin(), reader.known.end(), [&](const Identity* identity) {
-        return identity->family == reply[3] && identity->model == reply[4];
+        return identity->family == reply[kFamilyAt] && identity->model == reply[kModelAt];
       });
   // The text goes out as it stands, without a number: intended.
   if (found == reader.known.end()) return Fail(reader, "Read %h");
-  Adopt(reader, **found, reply[5]);
+  Adopt(reader, **found, reply[kVersionAt]);
   return true;
 }
 

@@ -23,7 +23,8 @@ ReadResult ReadClock(TKSplImpl& reader);
 // Between two attempts: identifies again, tells the host, reads the clock.
 bool ReopenSession(TKSplImpl& reader);
 
-// The six bytes of the clock: year, month, day, hour, minute, second.
-TAVDT DecodeClock(std::span<const std::uint8_t, 6> bytes);
+// The bytes of the clock: year, month, day, hour, minute, second.
+inline constexpr std::size_t kClockSize = 6;
+TAVDT DecodeClock(std::span<const std::uint8_t, kClockSize> bytes);
 
 }  // namespace older

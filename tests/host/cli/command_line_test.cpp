@@ -95,8 +95,7 @@ TEST_CASE("what the option library finds is told in sentences") {
   const Case cases[] = {
       {{},
        "give a command, one of read, replay, decode, list, show, gaps, params, check, export, "
-       "import, simulate, models (irvela --help tells "
-       "more)"},
+       "explain, simulate, models (irvela --help tells more)"},
       {{"--all"}, "there is no option --all (irvela --help tells more)"},
       {{"read", "--number", "1"},
        "give exactly one of --port, --tcp, --simulate (irvela read --help tells more)"},

@@ -76,3 +76,31 @@ TEST_CASE("a reading's folder is the one that decoding its raw file gives") {
   CHECK(host::RunProgram({"read", "--simulate", "521", "--baud", "9600"}) == host::kWrongUsage);
   CHECK(host::RunProgram({"read", "--simulate", "k7-521", "--groups", "E"}) == host::kWrongUsage);
 }
+
+TEST_CASE("bytes are explained from the command line, hex lines and nothing else") {
+  const ScratchFolder scratch;
+  const auto keep = [&](const char* name, const char* text) {
+    scratch.Save(name, text);
+    return (scratch / name).string();
+  };
+  struct Case {
+    std::vector<std::string> arguments;
+    int exitCode;
+  };
+  const Case cases[] = {
+      {{"1001", "48 74 03", "010539", "16"}, host::kSuccess},
+      {{keep("hex", "> 10 01 3F 00 00 00 00 BF 16\n# remark\n< 10 01\n\n"), "--format", "json"},
+       host::kSuccess},
+      {{keep("odd", "10 0\n")}, host::kFailed},
+      {{keep("json", "{}\n")}, host::kFailed},
+      {{"no-such-file"}, host::kWrongUsage},
+      {{"10", "--kind", "older", "--model", "k7-521"}, host::kWrongUsage},
+      {{"10", "--model", "524"}, host::kWrongUsage},
+  };
+  for (const Case& item : cases) {
+    INFO(item.arguments.front());
+    std::vector<std::string> arguments = {"explain"};
+    arguments.insert(arguments.end(), item.arguments.begin(), item.arguments.end());
+    CHECK(host::RunProgram(arguments) == item.exitCode);
+  }
+}

@@ -20,6 +20,11 @@ host::ReadSettings Asked(const std::string& model, int attempts, int retryGaps) 
 
 Outcome Read(const host::ReadSettings& asked, const simulator::Settings& settings,
              host::KnownRecords* known) {
+  SimulatedPort line(settings);
+  return ReadOver(line, asked, known);
+}
+
+Outcome ReadOver(host::LinePort& line, const host::ReadSettings& asked, host::KnownRecords* known) {
   // Some replies leave the driver waiting until it is stopped, as a person would stop it.
   constexpr int kPatience = 5000;
   std::atomic<int> pauses = 0;
@@ -28,7 +33,6 @@ Outcome Read(const host::ReadSettings& asked, const simulator::Settings& setting
     if (++pauses > kPatience) std::this_thread::sleep_for(std::chrono::milliseconds(1));
   });
   Outcome outcome;
-  SimulatedPort line(settings);
   const auto askStop = [&] {
     return pauses > kPatience ? host::StopRequest::kInterrupted : host::StopRequest::kNone;
   };

@@ -28,15 +28,19 @@ class SimulatedPort final : public host::LinePort {
   }
   // As every line of the program, which drops what came too late.
   int Write(const void* data, unsigned length) override {
+    dropped_.assign(port.received.begin(), port.received.end());
     port.received.clear();
     port.later.clear();
     return port.Write(data, length);
   }
   bool Lost() const override { return false; }
   std::string Trouble() const override { return {}; }
-  std::string_view Dropped() const override { return {}; }
+  std::string_view Dropped() const override { return dropped_; }
 
   support::FakePort port;
+
+ private:
+  std::string dropped_;
 };
 
 // The rows of each section as texts, in the order in which they came.
@@ -69,6 +73,10 @@ host::ReadSettings Asked(const std::string& model, int attempts, int retryGaps);
 
 Outcome Read(const host::ReadSettings& asked, const simulator::Settings& settings,
              host::KnownRecords* known = nullptr);
+
+// The same over any line.
+Outcome ReadOver(host::LinePort& line, const host::ReadSettings& asked,
+                 host::KnownRecords* known = nullptr);
 
 simulator::Settings Instrument(const std::string& model, std::vector<simulator::Fault> faults = {});
 
