@@ -39,6 +39,12 @@ struct Special {
   std::optional<int> failingPage;  // flash page that an error reply without its end answers
 };
 
+// Another instrument on the same line; an ordinary one, with values of its own.
+struct Neighbour {
+  std::string model;
+  int number = 1;
+};
+
 struct Settings {
   std::string model = "521";  // one of Models()
   int number = 1;             // network number, 0 to 255
@@ -47,6 +53,8 @@ struct Settings {
   std::vector<Fault> faults;
   std::optional<ClockTime> clock;  // a clock that stands still; none: the local time
   Special special;
+  // Requests are then told of by nobody: most are meant for another one.
+  std::vector<Neighbour> neighbours;
   // Told what was wrong with a request, one sentence each, from the serving thread.
   std::function<void(const std::string&)> report;
 };

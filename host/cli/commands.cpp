@@ -5,6 +5,7 @@ namespace host {
 std::span<const CommandRow> Commands() {
   static constexpr CommandRow kAll[] = {
       {"read", "Reads an instrument and shows what it holds.", MakeReadCommand},
+      {"scan", "Asks each network number of a line who is there.", MakeScanCommand},
       {"replay", "Repeats a reading that was kept with its line.", MakeReplayCommand},
       {"decode", "Shows a stream that a reading kept.", MakeDecodeCommand},
       {"list", "Lists what the store keeps.", MakeListCommand},

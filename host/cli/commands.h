@@ -19,6 +19,7 @@ std::span<const CommandRow> Commands();
 
 // One file each.
 std::unique_ptr<Command> MakeReadCommand();
+std::unique_ptr<Command> MakeScanCommand();
 std::unique_ptr<Command> MakeReplayCommand();
 std::unique_ptr<Command> MakeDecodeCommand();
 std::unique_ptr<Command> MakeListCommand();

@@ -5,6 +5,7 @@
 
 #include "host/cli/commands.h"
 #include "host/cli/one_reading.h"
+#include "host/cli/stop_asked.h"
 #include "host/cli/summary.h"
 #include "host/line/open_line.h"
 #include "host/line/trace_line.h"
@@ -24,21 +25,6 @@ std::unique_ptr<LinePort> Open(const ReadOptions& options, Screen& screen) {
   };
   return OpenLine(options.line, simulated);
 }
-
-// Says so when it stops, once.
-class StopAsked {
- public:
-  explicit StopAsked(Screen& screen) : screen_(screen) {}
-  StopRequest operator()() {
-    if (!Interrupted()) return StopRequest::kNone;
-    if (!std::exchange(told_, true)) screen_.PrintLine("irvela: stopping ...");
-    return StopRequest::kInterrupted;
-  }
-
- private:
-  Screen& screen_;
-  bool told_ = false;
-};
 
 int CodeOf(const RunEnd& end) {
   return end.ending == Ending::kInterrupted ? InterruptExitCode() : ExitCodeOf(end);

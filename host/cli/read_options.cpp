@@ -6,7 +6,6 @@
 #include "host/cli/dates.h"
 #include "host/cli/durations.h"
 #include "host/cli/sink_options.h"
-#include "host/line/open_line.h"
 #include "host/system/clock.h"
 
 namespace host {
@@ -29,15 +28,6 @@ std::string ArchiveGroups() {
 }
 
 }  // namespace
-
-void ReadParser::AddLine(CLI::App& app) {
-  CLI::Option_group* line = app.add_option_group("Line", "where the instrument is, one of");
-  line->add_option("--port", port_, "serial device: /dev/ttyUSB0, COM3")->option_text("DEVICE");
-  line->add_option("--tcp", tcp_, "gateway that passes raw bytes")->option_text("HOST:PORT");
-  line->add_option("--simulate", model_, "a simulated instrument (see irvela models)")
-      ->option_text("MODEL");
-  line->require_option(1);
-}
 
 void ReadParser::AddReading(CLI::App& app) {
   ReadSettings& settings = read_.settings;
@@ -103,13 +93,13 @@ void ReadParser::AddWish(CLI::App& app) {
 }
 
 void ReadParser::AddTo(CLI::App& app) {
-  AddLine(app);
+  line_.AddTo(app);
   AddReading(app);
   AddWish(app);
   AddReadingSinkOptions(app, read_.sinks);
   app.add_option("--trace", read_.trace, "keep what happens on the line, for irvela replay")
       ->option_text("FILE");
-  simulated_.AddTo(app);
+  line_.AddSimulatedTo(app);
   AddDriverOption(app, read_.driver);
   app.footer(
       "Examples:\n"
@@ -125,21 +115,14 @@ void ReadParser::AddTo(CLI::App& app) {
 }
 
 void ReadParser::FinishLine() {
-  if (!model_.empty()) {
-    simulated_.Finish("--simulate", model_);
-    read_.simulated.number = read_.settings.number;
-    read_.line = "simulate:" + model_;
-    return;
-  }
-  if (simulated_.Given()) throw UsageError("--clock, --fault and --sim-units go with --simulate");
-  read_.line = tcp_.empty() ? "serial:" + port_ : "tcp:" + tcp_;
-  CheckLineAddress(read_.line);
+  line_.Finish();
+  read_.simulated.number = read_.settings.number;
 }
 
 // The archives of a simulated clock end where that clock stands.
 void ReadParser::FinishPeriod() {
   ReadSettings& settings = read_.settings;
-  const SYSTEMTIME now = simulated_.Clock().value_or(LocalNow());
+  const SYSTEMTIME now = line_.Clock().value_or(LocalNow());
   settings.to = to_.empty() ? now : RequireDate("--to", to_, Bound::kTo);
   settings.from = from_.empty() ? DaysBefore(settings.to, kDefaultDays)
                                 : RequireDate("--from", from_, Bound::kFrom);
@@ -150,11 +133,11 @@ void ReadParser::FinishPeriod() {
 void ReadParser::FinishKind() {
   ReadSettings& settings = read_.settings;
   const bool any = kind_ == "auto";
-  const bool k7 = any ? model_.starts_with("k7") : kind_ == "k7";
+  const bool k7 = any ? line_.Model().starts_with("k7") : kind_ == "k7";
   settings.kind = k7 ? tav::Mode::kK7 : tav::Mode::kOlder;
   if (k7 && settings.follow) throw UsageError("--follow goes with the older kind");
   read_.sinks.follow = settings.follow;
-  read_.search.anyKind = any && model_.empty() && !settings.follow;
+  read_.search.anyKind = any && line_.Model().empty() && !settings.follow;
 }
 
 void ReadParser::FinishSpeed() {
@@ -172,7 +155,7 @@ void ReadParser::FinishTimes() {
   constexpr std::chrono::seconds kNone(0);
   read_.settings.patience = RequireDuration("--patience", patience_, kNone);
   read_.settings.clockWarning = RequireDuration("--clock-warning", clockWarning_, kNone);
-  if (simulated_.Clock()) read_.settings.clockWarning.reset();
+  if (line_.Clock()) read_.settings.clockWarning.reset();
 }
 
 // What is filled is archives, unless the letters say other things.

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "host/cli/line_options.h"
 #include "host/cli/pace_options.h"
-#include "host/cli/simulated_options.h"
 #include "host/output/sinks.h"
 #include "host/reading/search.h"
 #include "host/reading/settings.h"
@@ -16,9 +16,7 @@ namespace host {
 // What is read when no beginning is named.
 inline constexpr int kDefaultDays = 3;
 
-struct ReadOptions {
-  std::string line;  // its address, as OpenLine takes it
-  simulator::Settings simulated;
+struct ReadOptions : LineChoice {
   ReadSettings settings;
   SearchOptions search;  // what is to be found out first
   Pace pace;             // of a continuous reading
@@ -31,14 +29,12 @@ struct ReadOptions {
 class ReadParser {
  public:
   // read must live as long as the parser, and the parser as long as the app that it is added to.
-  explicit ReadParser(ReadOptions& read)
-      : read_(read), simulated_(read.simulated), pace_(read.pace) {}
+  explicit ReadParser(ReadOptions& read) : read_(read), line_(read), pace_(read.pace) {}
   void AddTo(CLI::App& app);
   // Once all is known. Throws UsageError or std::invalid_argument.
   void Finish();
 
  private:
-  void AddLine(CLI::App& app);
   void AddReading(CLI::App& app);
   void AddWish(CLI::App& app);
   void FinishLine();
@@ -49,12 +45,9 @@ class ReadParser {
   void FinishWish();
 
   ReadOptions& read_;
-  SimulatedOptions simulated_;
+  LineOptions line_;
   PaceOptions pace_;
   // Texts that need a second look once all are known.
-  std::string port_;
-  std::string tcp_;
-  std::string model_;
   std::string kind_ = "auto";
   std::string speed_;
   std::string patience_ = "2m";

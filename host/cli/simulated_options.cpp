@@ -44,6 +44,17 @@ simulator::Fault FaultOf(const std::string& text, const std::string& model) {
   return fault;
 }
 
+// "522:7".
+simulator::Neighbour NeighbourOf(const std::string& text) {
+  const std::vector<std::string> parts = CLI::detail::split(text, ':');
+  simulator::Neighbour neighbour;
+  neighbour.model = Chosen("--also", parts[0], simulator::Models());
+  const bool good = parts.size() == 2 && CLI::detail::lexical_cast(parts[1], neighbour.number) &&
+                    neighbour.number >= 0 && neighbour.number <= 255;
+  if (!good) throw UsageError(fmt::format("--also {}: a model, a colon and 0 to 255", text));
+  return neighbour;
+}
+
 }  // namespace
 
 void SimulatedOptions::AddTo(CLI::App& app) {
@@ -59,12 +70,17 @@ void SimulatedOptions::AddTo(CLI::App& app) {
       ->option_text("KIND[:N] ...")
       ->expected(1)
       ->take_all();
+  app.add_option("--also", also_, "another instrument on the same simulated line")
+      ->option_text("MODEL:NUMBER ...")
+      ->expected(1)
+      ->take_all();
   app.add_option("--clock", clock_, "a simulated clock that stands still")->option_text("TIME");
 }
 
 void SimulatedOptions::Finish(const std::string& option, const std::string& model) {
   settings_.model = Chosen(option, model, simulator::Models());
   for (const std::string& fault : faults_) settings_.faults.push_back(FaultOf(fault, model));
+  for (const std::string& other : also_) settings_.neighbours.push_back(NeighbourOf(other));
   if (!units_.empty()) {
     const auto codes = simulator::UnitsOf(model);
     settings_.special.unitsCode = std::stoi(Chosen("--sim-units of " + model, units_, codes));

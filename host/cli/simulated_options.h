@@ -22,7 +22,9 @@ class SimulatedOptions {
   // Once all is known; option: what named the model. Throws UsageError.
   void Finish(const std::string& option, const std::string& model);
   // Whether any was given that a real instrument does not have.
-  bool Given() const { return !clock_.empty() || !faults_.empty() || !units_.empty(); }
+  bool Given() const {
+    return !clock_.empty() || !faults_.empty() || !units_.empty() || !also_.empty();
+  }
   // The clock that stands still, if there is one.
   std::optional<SYSTEMTIME> Clock() const;
 
@@ -31,6 +33,7 @@ class SimulatedOptions {
   std::string clock_;
   std::vector<std::string> faults_;
   std::string units_;
+  std::vector<std::string> also_;
 };
 
 }  // namespace host

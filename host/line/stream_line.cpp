@@ -22,6 +22,7 @@ constexpr milliseconds kLostPause{20};
 // that never falls silent must not hold the driver.
 constexpr milliseconds kSilence{40};
 constexpr milliseconds kLateLimit{1000};
+constexpr char kWakeUp = '\xFF';
 
 }  // namespace
 
@@ -85,9 +86,9 @@ void StreamLine::KeepDropped() {
 
 // Some questions are asked again without a Control between. What is left of the reply before, as
 // the second page of the parameters of a 521, would be taken for the reply to come; it may still be
-// on its way.
+// on its way. A byte that wakes an instrument is no question: nothing answers it.
 void StreamLine::DropLate(std::string_view question) {
-  const bool again = question == asked_;
+  const bool again = question == asked_ && !question.ends_with(kWakeUp);
   asked_ = question;
   dropped_.clear();
   if (std::exchange(cleared_, false)) return;

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <mutex>
 
 #include "host/reading/driver_run.h"
 #include "host/reading/driver_set_up.h"
@@ -13,39 +12,6 @@ namespace {
 
 constexpr tav::Mode kKinds[] = {tav::Mode::kOlder, tav::Mode::kK7};
 constexpr int kMostRounds = 3;
-
-// Passes the messages on and keeps the one that identifies the instrument.
-class Introduction final : public RunListener {
- public:
-  explicit Introduction(RunListener& messages) : messages_(messages) {}
-  void Tell(const Message& message) override {
-    messages_.Tell(message);
-    if (message.subject != "Tip") return;
-    const std::lock_guard lock(mutex_);
-    model_ = message.detail;
-  }
-  std::optional<std::string> Model() const {
-    const std::lock_guard lock(mutex_);
-    return model_;
-  }
-
- private:
-  RunListener& messages_;
-  mutable std::mutex mutex_;
-  std::optional<std::string> model_;
-};
-
-ReadSettings Question(const ReadSettings& settings, const Way& way) {
-  ReadSettings question;
-  question.number = settings.number;
-  question.kind = way.kind;
-  question.baud = way.baud;
-  question.groups.clear();
-  question.attempts = 1;
-  question.from = settings.from;
-  question.to = settings.to;
-  return question;
-}
 
 std::vector<int> SpeedsToTry(const DriverLibrary& library, tav::Mode kind,
                              const ReadSettings& settings, const SearchOptions& options) {

@@ -6,15 +6,9 @@
 #include <vector>
 
 #include "host/line/line_port.h"
-#include "host/reading/driver_library.h"
-#include "host/reading/run_listener.h"
+#include "host/reading/introduction.h"
 
 namespace host {
-
-struct Way {
-  tav::Mode kind{};
-  int baud = 0;  // bit/s
-};
 
 struct SearchOptions {
   bool anyKind = false;   // else that of the settings

@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "host/reading/settings_json.h"
+#include "host/reading/traced_scan.h"
 #include "host/system/files.h"
 
 namespace host {
@@ -78,6 +79,9 @@ ReadingTrace LoadReadingTrace(const std::filesystem::path& path) {
 }
 
 ReadingTrace ReadingOf(Trace trace, const std::string& name) {
+  if (IsOfScan(trace.reading)) {
+    throw std::runtime_error(name + " is the trace of a scan; only readings are repeated");
+  }
   ReadingTrace loaded;
   loaded.trace = std::move(trace);
   const char* part = "the settings of the reading";

@@ -7,6 +7,7 @@
 #include "simulator/k7/protocol.h"
 #include "simulator/moment.h"
 #include "simulator/older/protocol.h"
+#include "simulator/shared_line.h"
 
 namespace simulator {
 namespace {
@@ -46,11 +47,28 @@ Known Find(const std::string& model) {
   throw std::invalid_argument("There is no simulated model \"" + model + "\".");
 }
 
+std::unique_ptr<Instrument> MakeOne(const Settings& settings, Clock now) {
+  const Protocol& protocol = Find(settings.model).protocol;
+  return WithFaults(protocol.make(settings, std::move(now)), protocol.faults(), settings);
+}
+
 }  // namespace
 
 std::unique_ptr<Instrument> MakeInstrument(const Settings& settings, Clock now) {
-  const Protocol& protocol = Find(settings.model).protocol;
-  return WithFaults(protocol.make(settings, std::move(now)), protocol.faults(), settings);
+  if (settings.neighbours.empty()) return MakeOne(settings, std::move(now));
+  Settings first = settings;
+  first.report = nullptr;
+  std::vector<std::unique_ptr<Instrument>> all;
+  all.push_back(MakeOne(first, now));
+  Settings other;
+  other.seed = settings.seed;
+  for (const Neighbour& neighbour : settings.neighbours) {
+    other.model = neighbour.model;
+    other.number = neighbour.number;
+    ++other.seed;
+    all.push_back(MakeOne(other, now));
+  }
+  return OnSharedLine(std::move(all));
 }
 
 Clock ClockOf(const Settings& settings) {

@@ -68,6 +68,7 @@ TEST_CASE("wrong usage is told in one line") {
       {"read", "--port", "a", "--sim-units", "1"},
       {"decode"},
       {"simulate", "521", "--pty", "a", "--tcp", "1"},
+      {"simulate", "521", "--tcp", "0", "--also", "522"},
       {"read", "--port", "a", "--fill"},
       {"read", "--port", "a", "--db", "b", "--fill=oldest"},
       {"read", "--port", "a", "--db", "b", "--fill", "--since-last"},
@@ -75,6 +76,8 @@ TEST_CASE("wrong usage is told in one line") {
       {"read", "--port", "a", "--db", "b", "--since-last", "--follow"},
       {"read", "--port", "a", "--db", "b", "--ask-again", "3"},
       {"gaps", "--from", "2016-09-02", "--to", "2016-09-01"},
+      {"scan", "--port", "a", "--numbers", "1-256"},
+      {"scan", "--port", "a", "--speeds", "fast"},
   };
   for (const Words& words : cases) {
     CAPTURE(words.size());
@@ -94,8 +97,8 @@ TEST_CASE("what the option library finds is told in sentences") {
   };
   const Case cases[] = {
       {{},
-       "give a command, one of read, replay, decode, list, show, gaps, params, check, export, "
-       "explain, simulate, models (irvela --help tells more)"},
+       "give a command, one of read, scan, replay, decode, list, show, gaps, params, check, export, "
+       "import, explain, simulate, models (irvela --help tells more)"},
       {{"--all"}, "there is no option --all (irvela --help tells more)"},
       {{"read", "--number", "1"},
        "give exactly one of --port, --tcp, --simulate (irvela read --help tells more)"},
