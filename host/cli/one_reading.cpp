@@ -45,7 +45,8 @@ OneReading::OneReading(const ReadOptions& options, const DriverLibrary& library,
 RunEnd OneReading::Run() {
   host::Run run{options_.settings, options_.line, from_.localTime()};
   if (!options_.search.Wanted() || Find(*run.settings)) return Read(run);
-  const RunEnd end = NotFound();
+  RunEnd end = NotFound();
+  end.lineCounts = from_.line.Counts();
   Listener().BeginRun(run);
   Listener().EndRun(end);
   return end;

@@ -4,10 +4,11 @@
 #include <utility>
 
 #include "host/cli/commands.h"
+#include "host/cli/line_summary.h"
 #include "host/cli/one_reading.h"
 #include "host/cli/stop_asked.h"
 #include "host/cli/summary.h"
-#include "host/line/open_line.h"
+#include "host/line/line_statistics.h"
 #include "host/line/trace_line.h"
 #include "host/output/raw_file_sink.h"
 #include "host/reading/traced_reading.h"
@@ -19,11 +20,11 @@ namespace host {
 namespace {
 
 std::unique_ptr<LinePort> Open(const ReadOptions& options, Screen& screen) {
-  simulator::Settings simulated = options.simulated;
-  simulated.report = [&screen](const std::string& text) {
+  LineChoice choice = options;
+  choice.simulated.report = [&screen](const std::string& text) {
     screen.PrintLine("simulated instrument: " + text);
   };
-  return OpenLine(options.line, simulated);
+  return Open(choice, [&screen](const std::string& text) { screen.PrintLine("irvela: " + text); });
 }
 
 int CodeOf(const RunEnd& end) {
@@ -72,6 +73,7 @@ class LiveReading {
         line_(Open(options, screen_)),
         sinks_(MakeSinks(options.sinks, screen_)) {
     if (!options.trace.empty()) BeginTrace();
+    line_ = std::make_unique<LineStatistics>(std::move(line_), std::chrono::steady_clock::now);
   }
 
   // Returns the exit code.
@@ -84,7 +86,7 @@ class LiveReading {
     const TracedEnd traced{NameOf(end.ending), end.reason, reading.Stopped(), code,
                            reading.Stream()};
     WriteStandardError(ClockLine(end) + IgnoredLine(end.counts) + MissingLines(end) +
-                       EndTrace(traced) + reading.Summary(end));
+                       LineLine(end) + EndTrace(traced) + reading.Summary(end));
     return code;
   }
 

@@ -2,8 +2,13 @@
 
 #include <fmt/format.h>
 
+#include <memory>
+#include <utility>
+
+#include "host/cli/line_summary.h"
 #include "host/cli/one_reading.h"
 #include "host/cli/summary.h"
+#include "host/line/line_statistics.h"
 #include "host/line/replay_line.h"
 #include "host/system/clock.h"
 #include "host/system/console.h"
@@ -16,11 +21,12 @@ namespace {
 // A trace in the place of a line, of who stops a reading and of the clocks.
 class ReplayedLine {
  public:
-  explicit ReplayedLine(const ReadingTrace& traced) : traced_(traced), line_(traced.trace) {}
+  explicit ReplayedLine(const ReadingTrace& traced)
+      : ReplayedLine(traced, std::make_unique<ReplayLine>(traced.trace)) {}
 
   Surroundings From() {
-    return {line_, [this] { return Stop(); }, [this] { return LocalTime(); },
-            [this] { return std::chrono::steady_clock::time_point(line_.Elapsed()); }};
+    return {counted_, [this] { return Stop(); }, [this] { return LocalTime(); },
+            [this] { return Now(); }};
   }
   // Empty when the reading was that of the trace.
   std::string Trouble(const RunEnd& end, const StreamTotal& stream) {
@@ -37,6 +43,13 @@ class ReplayedLine {
   }
 
  private:
+  ReplayedLine(const ReadingTrace& traced, std::unique_ptr<ReplayLine> line)
+      : traced_(traced), line_(*line), counted_(std::move(line), [this] { return Now(); }) {}
+
+  // The clocks stand where the trace does.
+  std::chrono::steady_clock::time_point Now() const {
+    return std::chrono::steady_clock::time_point(line_.Elapsed());
+  }
   StopRequest Stop() {
     if (Interrupted()) line_.Interrupt();
     if (line_.StoppedFor() == StopCause::kUser) return StopRequest::kInterrupted;
@@ -48,7 +61,8 @@ class ReplayedLine {
   }
 
   const ReadingTrace& traced_;
-  ReplayLine line_;
+  ReplayLine& line_;
+  LineStatistics counted_;
 };
 
 ReadOptions OptionsOf(const TracedReading& reading, const SinkOptions& sinks) {
@@ -77,7 +91,7 @@ Replayed RunReplay(const ReadingTrace& traced, const SinkOptions& sinks,
   Replayed done;
   done.end = reading.Run();
   WriteStandardError(ClockLine(done.end) + IgnoredLine(done.end.counts) + MissingLines(done.end) +
-                     reading.Summary(done.end));
+                     LineLine(done.end) + reading.Summary(done.end));
   done.trouble = replay.Trouble(done.end, reading.Stream());
   done.exitCode = done.trouble.empty() ? CodeOf(done.end, traced.end) : kFailed;
   return done;

@@ -11,7 +11,6 @@
 #include "host/cli/number_list.h"
 #include "host/cli/sink_options.h"
 #include "host/cli/stop_asked.h"
-#include "host/line/open_line.h"
 #include "host/line/trace_line.h"
 #include "host/output/message_printer.h"
 #include "host/output/progress_display.h"
@@ -80,7 +79,7 @@ class LiveScan {
         plan_{options.numbers, WaysOf(library_, options)} {
     if (!options.trace.empty()) CheckNewFile("--trace", options.trace, "", false);
     // What a simulated instrument finds wrong is not told: most requests are meant for others.
-    line_ = OpenLine(options.line, options.simulated);
+    line_ = Open(options, [this](const auto& text) { screen_.PrintLine("irvela: " + text); });
     if (!options.trace.empty()) BeginTrace();
   }
 

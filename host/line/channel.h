@@ -28,6 +28,10 @@ class Channel {
   virtual Transfer Send(std::span<const char> bytes, Clock::time_point deadline) = 0;
   // Returns what is wrong with the settings; empty when they hold.
   virtual std::string Set(const SerialSettings& /*settings*/) { return {}; }
+  // hurry: Send no longer waits for longer than its deadline. From any thread, as the next.
+  virtual void Hurry(bool /*hurry*/) {}
+  // What keeps it from working at the moment, for one that may work again; empty: nothing.
+  virtual std::string Trouble() const { return {}; }
 };
 
 // Both throw std::runtime_error with one sentence.

@@ -5,10 +5,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "TKSplDrv/host.h"
+#include "host/line/line_counts.h"
 
 namespace host {
 
@@ -39,6 +41,12 @@ class LinePort : public HostPort {
   // them, of a longer noise the first 4096. Valid until the next call; for the thread that makes
   // the calls.
   virtual std::string_view Dropped() const = 0;
+  // What went through so far; none: nobody counts. Not while a run of the driver is under way.
+  virtual std::optional<LineCounts> Counts() const { return std::nullopt; }
+
+  // hurry: calls come back within their own time limits from here on, whatever they wait for. From
+  // any thread.
+  virtual void Hurry(bool /*hurry*/) {}
 
   // --- Runs of the driver over the line, for lines that record or repeat them; from the host's
   // thread ---

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "host/line/rfc2217.h"
 #include "host/line/stream_line.h"
 #include "host/line/tcp.h"
 #include "host/line/wrapped_line.h"
@@ -13,7 +14,7 @@ namespace host {
 namespace {
 
 struct LineAddress {
-  enum class Kind { kSerial, kTcp, kSimulated } kind;
+  enum class Kind { kSerial, kTcp, kRfc2217, kSimulated } kind;
   std::string place;
 };
 
@@ -23,6 +24,7 @@ struct Scheme {
 };
 constexpr Scheme kSchemes[] = {{"serial:", LineAddress::Kind::kSerial},
                                {"tcp:", LineAddress::Kind::kTcp},
+                               {"rfc2217:", LineAddress::Kind::kRfc2217},
                                {"simulate:", LineAddress::Kind::kSimulated}};
 
 LineAddress Parse(const std::string& address) {
@@ -31,16 +33,26 @@ LineAddress Parse(const std::string& address) {
       return {scheme.kind, address.substr(scheme.prefix.size())};
     }
   }
-  throw std::invalid_argument(
-      fmt::format("{} is no line: serial:DEVICE, tcp:HOST:PORT and simulate:MODEL are", address));
+  throw std::invalid_argument(fmt::format(
+      "{} is no line: serial:DEVICE, tcp:HOST:PORT, rfc2217:HOST:PORT and simulate:MODEL are",
+      address));
 }
 
 std::unique_ptr<LinePort> OpenSerialLine(const std::string& device) {
   return std::make_unique<StreamLine>(device, OpenDevice(device));
 }
 
-std::unique_ptr<LinePort> OpenTcpLine(const TcpAddress& address) {
-  return std::make_unique<StreamLine>(NameOf(address), OpenConnection(address));
+using OpenGateway = std::unique_ptr<Channel> (*)(const TcpAddress& address);
+
+std::unique_ptr<Channel> OpenRfc2217(const TcpAddress& address) {
+  return NegotiateRfc2217(OpenConnection(address), NameOf(address));
+}
+
+std::unique_ptr<LinePort> OpenGatewayLine(const TcpAddress& address, OpenGateway open,
+                                          const LineReport& report) {
+  return std::make_unique<StreamLine>(
+      NameOf(address),
+      std::make_unique<Reconnecting>([address, open] { return open(address); }, report));
 }
 
 // Keeps the instrument that answers at the other end.
@@ -56,7 +68,8 @@ class SimulatedLine final : public WrappedLine {
 std::unique_ptr<LinePort> OpenSimulatedLine(const simulator::Settings& settings) {
 #if defined(_WIN32)
   auto instrument = simulator::ServeTcp(settings, 0);
-  auto line = OpenTcpLine(ParseTcpAddress(instrument->Address()));
+  const TcpAddress address = ParseTcpAddress(instrument->Address());
+  auto line = std::make_unique<StreamLine>(NameOf(address), OpenConnection(address));
 #else
   auto instrument = simulator::ServePty(settings, "");
   auto line = OpenSerialLine(instrument->Address());
@@ -68,14 +81,21 @@ std::unique_ptr<LinePort> OpenSimulatedLine(const simulator::Settings& settings)
 
 void CheckLineAddress(const std::string& address) {
   const LineAddress parsed = Parse(address);
-  if (parsed.kind == LineAddress::Kind::kTcp) ParseTcpAddress(parsed.place);
+  const bool gateway =
+      parsed.kind == LineAddress::Kind::kTcp || parsed.kind == LineAddress::Kind::kRfc2217;
+  if (gateway) ParseTcpAddress(parsed.place);
 }
 
-std::unique_ptr<LinePort> OpenLine(const std::string& address,
-                                   const simulator::Settings& simulated) {
+std::unique_ptr<LinePort> OpenLine(const std::string& address, const simulator::Settings& simulated,
+                                   const LineReport& report) {
   const LineAddress parsed = Parse(address);
   if (parsed.kind == LineAddress::Kind::kSerial) return OpenSerialLine(parsed.place);
-  if (parsed.kind == LineAddress::Kind::kTcp) return OpenTcpLine(ParseTcpAddress(parsed.place));
+  if (parsed.kind == LineAddress::Kind::kTcp) {
+    return OpenGatewayLine(ParseTcpAddress(parsed.place), OpenConnection, report);
+  }
+  if (parsed.kind == LineAddress::Kind::kRfc2217) {
+    return OpenGatewayLine(ParseTcpAddress(parsed.place), OpenRfc2217, report);
+  }
   simulator::Settings settings = simulated;
   settings.model = parsed.place;
   return OpenSimulatedLine(settings);

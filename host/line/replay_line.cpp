@@ -38,7 +38,7 @@ const TraceEvent* ReplayLine::Next() const {
 const TraceEvent& ReplayLine::Take() {
   const TraceEvent& event = trace_.events[next_++];
   ms_ = event.ms;
-  if (!event.trouble.empty()) trouble_ = event.trouble;
+  if (event.trouble) trouble_ = *event.trouble;
   if (event.lost) lost_ = true;
   if (event.kind == Kind::kCall) ++calls_;
   if (event.stop != StopCause::kNone) {

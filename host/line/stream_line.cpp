@@ -30,8 +30,12 @@ StreamLine::StreamLine(std::string name, std::unique_ptr<Channel> channel)
     : name_(std::move(name)), channel_(std::move(channel)) {}
 
 std::string StreamLine::Trouble() const {
-  const std::lock_guard lock(mutex_);
-  return trouble_;
+  {
+    const std::lock_guard lock(mutex_);
+    if (!trouble_.empty()) return trouble_;
+  }
+  const std::string now = channel_->Trouble();
+  return now.empty() ? now : name_ + ": " + now;
 }
 
 void StreamLine::Note(const std::string& trouble) {

@@ -33,6 +33,7 @@ class StreamLine final : public LinePort {
 
   bool Lost() const override { return lost_; }
   std::string Trouble() const override;
+  void Hurry(bool hurry) override { channel_->Hurry(hurry); }
   std::string_view Dropped() const override { return dropped_; }
 
  private:

@@ -175,7 +175,7 @@ std::string TraceLineOf(const TraceEvent& event) {
   }
   if (event.stop != StopCause::kNone) line += fmt::format(R"(,"stop":"{}")", NameOf(event.stop));
   if (event.lost) line += R"(,"lost":true)";
-  if (!event.trouble.empty()) line += R"(,"trouble":)" + Text(event.trouble);
+  if (event.trouble) line += R"(,"trouble":)" + Text(*event.trouble);
   return line + '}';
 }
 
@@ -185,7 +185,7 @@ TraceEvent ParseTraceEvent(const Json& line) {
   event.stop = CauseOf(line);
   TakeKind(line, event);
   event.lost = line.value("lost", false);
-  event.trouble = line.value("trouble", "");
+  if (line.contains("trouble")) event.trouble = line.at("trouble").get<std::string>();
   return event;
 }
 

@@ -103,7 +103,7 @@ bool IsFullRead(const TraceEvent& event) {
   const CallResult& result = event.result;
   return event.kind == TraceEvent::Kind::kCall && event.call.name == PortCall::Name::kRead &&
          result.value > 0 && result.value == event.call.arguments[1] &&
-         event.stop == StopCause::kNone && !event.lost && event.trouble.empty();
+         event.stop == StopCause::kNone && !event.lost && !event.trouble;
 }
 
 }  // namespace

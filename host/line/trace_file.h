@@ -26,11 +26,11 @@ struct TraceEvent {
   std::string settings{};  // of a run that begins, a JSON object
   PortCall call{};
   CallResult result{};
-  StopCause stop{};       // of a call: the driver was asked to stop at its end; of the end of a
-                          // run: for what it was stopped
-  bool obeyed = true;     // of the end of a run: the driver ended by itself
-  bool lost = false;      // the line is, from here on
-  std::string trouble{};  // as LinePort tells it from here on; empty: as before
+  StopCause stop{};    // of a call: the driver was asked to stop at its end; of the end of a
+                       // run: for what it was stopped
+  bool obeyed = true;  // of the end of a run: the driver ended by itself
+  bool lost = false;   // the line is, from here on
+  std::optional<std::string> trouble{};  // as LinePort tells it from here on; none: as before
 };
 
 // The whole of a file, in memory: about 300 bytes for each call.

@@ -32,6 +32,9 @@ class WrappedLine : public LinePort {
   bool Lost() const override { return line_->Lost(); }
   std::string Trouble() const override { return line_->Trouble(); }
   std::string_view Dropped() const override { return line_->Dropped(); }
+  std::optional<LineCounts> Counts() const override { return line_->Counts(); }
+
+  void Hurry(bool hurry) override { line_->Hurry(hurry); }
 
   void BeginRun(const std::string& settings, const StopDriver& stop) override {
     line_->BeginRun(settings, stop);

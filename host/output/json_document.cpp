@@ -116,6 +116,43 @@ void AppendAsked(JsonWriter& writer, const ReadSettings& settings) {
   writer.Close('}');
 }
 
+void AppendMilliseconds(JsonWriter& writer, const char* key, std::chrono::milliseconds time) {
+  AppendNumber(writer, key, static_cast<std::size_t>(time.count()));
+}
+
+void AppendFrames(JsonWriter& writer, const std::optional<FrameCounts>& frames) {
+  const auto append = [&](const char* key, std::size_t FrameCounts::*count) {
+    writer.Member(JsonText(key), frames ? std::to_string((*frames).*count) : "null");
+  };
+  append("wrong_checksums", &FrameCounts::wrongChecksums);
+  append("foreign_replies", &FrameCounts::foreign);
+  append("echoes", &FrameCounts::echoes);
+}
+
+void AppendReplyTimes(JsonWriter& writer, const std::optional<ReplyTimes>& reply) {
+  const auto append = [&](const char* key, std::chrono::milliseconds ReplyTimes::*time) {
+    writer.Member(JsonText(key), reply ? std::to_string(((*reply).*time).count()) : "null");
+  };
+  append("reply_median_ms", &ReplyTimes::median);
+  append("reply_worst_ms", &ReplyTimes::worst);
+}
+
+void AppendLine(JsonWriter& writer, const LineCounts& counts) {
+  writer.Key(JsonText("line_statistics")).Open('{');
+  AppendNumber(writer, "requests", counts.requests);
+  AppendNumber(writer, "replies", counts.replies);
+  AppendNumber(writer, "retries", counts.retries);
+  AppendNumber(writer, "timeouts", counts.timeouts);
+  AppendFrames(writer, counts.frames);
+  AppendNumber(writer, "late_bytes", counts.lateBytes);
+  AppendNumber(writer, "bytes_out", counts.bytesOut);
+  AppendNumber(writer, "bytes_in", counts.bytesIn);
+  AppendMilliseconds(writer, "on_line_ms", counts.onLine);
+  AppendMilliseconds(writer, "bytes_alone_ms", counts.bytesAlone);
+  AppendReplyTimes(writer, counts.reply);
+  writer.Close('}');
+}
+
 // What only a reading of an instrument has.
 void AppendReading(JsonWriter& writer, const GatheredRun& run) {
   const RunEnd& end = run.end;
@@ -125,6 +162,7 @@ void AppendReading(JsonWriter& writer, const GatheredRun& run) {
   AppendAsked(writer, *run.settings);
   writer.Member(JsonText("clock_difference_s"),
                 end.clock ? std::to_string(end.clock->difference) : "null");
+  if (end.lineCounts) AppendLine(writer, *end.lineCounts);
   writer.Key(JsonText("completeness")).Open('[');
   for (const SectionAccount& account : end.accounts) AppendAccount(writer, account);
   writer.Close(']');

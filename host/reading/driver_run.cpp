@@ -82,7 +82,9 @@ class Polling {
     return waited_ ? StopCause::kWaited : StopCause::kNone;
   }
   bool MustStop() {
-    const StopCause cause = line_.Decide(Wanted(), Stop());
+    const StopCause wanted = Wanted();
+    if (wanted != StopCause::kNone) line_.Hurry(true);
+    const StopCause cause = line_.Decide(wanted, Stop());
     if (cause == StopCause::kNone) return false;
     cause_ = cause;
     return true;
@@ -112,6 +114,7 @@ DriverEnd RunDriver(const DriverLibrary& library, const ReadSettings& settings, 
   SetUpDriver(*parts->driver, settings);
   DriverEnd end;
   Polling polling(*parts, patience, line, askStop);
+  line.Hurry(false);
   line.BeginRun(SettingsJson(settings), polling.Stop());
   end.begun = parts->driver->Start(static_cast<int>(settings.kind)) != 0;
   const bool obeyed = !end.begun || polling.Run();

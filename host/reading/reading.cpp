@@ -181,6 +181,7 @@ RunEnd RunReading(const DriverLibrary& library, const Run& run, LinePort& line,
   listener.BeginRun(told);
   RunEnd end = reading.Run();
   end.clock = clock.Reading();
+  end.lineCounts = line.Counts();
   listener.EndRun(end);
   return end;
 }

@@ -21,6 +21,7 @@
 #include <vector>
 
 #include "host/fields/unit_settings.h"
+#include "host/line/line_counts.h"
 #include "host/reading/account.h"
 #include "host/reading/messages.h"
 #include "host/reading/settings.h"
@@ -70,7 +71,8 @@ struct RunEnd {
   // In the order in which the instrument is read; empty in continuous reading and for a kept
   // stream.
   std::vector<SectionAccount> accounts{};
-  std::optional<ClockReading> clock{};  // none: it was not read, or is no date
+  std::optional<ClockReading> clock{};     // none: it was not read, or is no date
+  std::optional<LineCounts> lineCounts{};  // the search included; none: nobody counted
 };
 
 // Whether a run is to end before its time: done, because all that was wanted is there, is no

@@ -56,6 +56,15 @@ struct Gateway : FarEnd<tcp::socket> {
     acceptor.accept(stream);
     return port;
   }
+  // The next request goes over another connection, of which nobody has heard before.
+  void ComesBack(host::LinePort& port) {
+    const std::string request = "request";
+    CHECK(port.Write(request.data(), 7) == 7);
+    acceptor.accept(stream);
+    CHECK(Receive(7) == request);
+    CHECK(port.Trouble() == "");
+    CHECK(!port.Lost());
+  }
   tcp::acceptor acceptor{context, tcp::endpoint(asio::ip::address_v4::loopback(), 0)};
 };
 
@@ -69,6 +78,7 @@ struct Terminal : FarEnd<asio::posix::stream_descriptor> {
     gone = name + ": the device is gone";
   }
   std::unique_ptr<host::LinePort> Open() const { return host::OpenLine("serial:" + name); }
+  static void ComesBack(host::LinePort& port) { CHECK(port.Lost()); }
 };
 #endif
 
@@ -162,8 +172,8 @@ void CheckLoss(End& end, host::LinePort& port) {
   end.stream.close();
   CHECK(ReadText(port, kLongWait, 3) == "ast");
   CHECK(ReadText(port, kLongWait, 1).empty());
-  CHECK(port.Lost());
   CHECK(port.Trouble() == end.gone);
+  if (!port.Lost()) return end.ComesBack(port);
   CHECK(WriteText(port, "request") == 0);
   CHECK(!port.Control(3));
 }
@@ -189,13 +199,14 @@ TEST_CASE("a TCP gateway is a line") {
 }
 
 TEST_CASE("addresses of lines") {
-  for (const char* address : {"tcp:gateway:1", "tcp:[::1]:65535", "serial:COM3", "simulate:521"}) {
+  for (const char* address :
+       {"tcp:gateway:1", "tcp:[::1]:65535", "rfc2217:gateway:1", "serial:COM3", "simulate:521"}) {
     CAPTURE(address);
     CHECK_NOTHROW(host::CheckLineAddress(address));
   }
   for (const char* address : {"", "COM3", "serial:", "simulate:", "tcp:", "tcp::", "tcp:gateway",
                               "tcp:gateway:", "tcp::1", "tcp:gateway:0", "tcp:gateway:65536",
-                              "tcp:gateway:100000", "tcp:gateway:x1"}) {
+                              "tcp:gateway:100000", "tcp:gateway:x1", "rfc2217:gateway"}) {
     CAPTURE(address);
     CHECK_THROWS_AS(host::CheckLineAddress(address), std::invalid_argument);
     CHECK_THROWS_AS(host::OpenLine(address), std::invalid_argument);

@@ -284,6 +284,8 @@ TEST_CASE("what is missing stands in every output") {
   end.accounts = {{tav::TitleKind::kHourly, "ТВ1", 9, 5, 1, 3, {}, {range}, "no reply"},
                   {tav::TitleKind::kDaily, "ТВ2", 2, 0, 2, 0, {range}, {}, ""}};
   end.clock = {{}, {}, -130, true};
+  end.lineCounts.emplace().requests = 12;
+  end.lineCounts->frames.emplace().foreign = 3;
   const auto shown = [&](const host::SinkOptions& options) {
     KeptScreen kept;
     const auto sinks = host::MakeSinks(options, kept.screen);
@@ -309,6 +311,10 @@ TEST_CASE("what is missing stands in every output") {
   CHECK(json["result"] == "gaps");
   CHECK(json["asked"]["groups"] == "BTMSHE");
   CHECK(json["clock_difference_s"] == -130);
+  CHECK(json["line_statistics"].dump() ==
+        R"({"requests":12,"replies":0,"retries":0,"timeouts":0,"wrong_checksums":0,)"
+        R"("foreign_replies":3,"echoes":0,"late_bytes":0,"bytes_out":0,"bytes_in":0,)"
+        R"("on_line_ms":0,"bytes_alone_ms":0,"reply_median_ms":null,"reply_worst_ms":null})");
   CHECK(json["completeness"][0].dump() ==
         R"({"kind":"hours","section":"ТВ1","expected":9,"received":5,"not_held":1,"failed":3,)"
         R"("missing":[{"from":"2016-09-01 03:00","to":"2016-09-01 05:00"}],"absent":[],)"
