@@ -70,7 +70,7 @@ bool OneReading::Find(ReadSettings& settings) {
   MessagePrinter printer(screen_);
   if (screen_.IsTerminal()) screen_.DrawBar("looking for the instrument ...");
   const auto found = FindInstrument(library_, settings, ways_, from_.line,
-                                    options_.sinks.verbose ? printer : deaf, from_.askStop);
+                                    options_.sinks.verbose > 0 ? printer : deaf, from_.askStop);
   screen_.TakeBarAway();
   if (!found) return false;
   settings = By(found->way, settings);

@@ -4,11 +4,11 @@
 #include <utility>
 
 #include "host/cli/commands.h"
+#include "host/cli/frame_watch.h"
 #include "host/cli/line_summary.h"
 #include "host/cli/one_reading.h"
 #include "host/cli/stop_asked.h"
 #include "host/cli/summary.h"
-#include "host/line/line_statistics.h"
 #include "host/line/trace_line.h"
 #include "host/output/raw_file_sink.h"
 #include "host/reading/traced_reading.h"
@@ -73,7 +73,7 @@ class LiveReading {
         line_(Open(options, screen_)),
         sinks_(MakeSinks(options.sinks, screen_)) {
     if (!options.trace.empty()) BeginTrace();
-    line_ = std::make_unique<LineStatistics>(std::move(line_), std::chrono::steady_clock::now);
+    line_ = watch_.Over(std::move(line_), std::chrono::steady_clock::now);
   }
 
   // Returns the exit code.
@@ -110,6 +110,7 @@ class LiveReading {
   Screen screen_;
   const std::unique_ptr<KnownRecords> known_;  // null: all that is asked for is read
   std::optional<TraceWriter> trace_;
+  FrameWatch watch_{screen_, options_.sinks.verbose > 1};
   std::unique_ptr<LinePort> line_;
   const std::unique_ptr<RunListener> sinks_;
 };

@@ -5,10 +5,10 @@
 #include <memory>
 #include <utility>
 
+#include "host/cli/frame_watch.h"
 #include "host/cli/line_summary.h"
 #include "host/cli/one_reading.h"
 #include "host/cli/summary.h"
-#include "host/line/line_statistics.h"
 #include "host/line/replay_line.h"
 #include "host/system/clock.h"
 #include "host/system/console.h"
@@ -21,11 +21,12 @@ namespace {
 // A trace in the place of a line, of who stops a reading and of the clocks.
 class ReplayedLine {
  public:
-  explicit ReplayedLine(const ReadingTrace& traced)
-      : ReplayedLine(traced, std::make_unique<ReplayLine>(traced.trace)) {}
+  // Frames are shown on the screen, or only counted.
+  ReplayedLine(const ReadingTrace& traced, Screen& screen, bool shown)
+      : ReplayedLine(traced, std::make_unique<ReplayLine>(traced.trace), screen, shown) {}
 
   Surroundings From() {
-    return {counted_, [this] { return Stop(); }, [this] { return LocalTime(); },
+    return {*watched_, [this] { return Stop(); }, [this] { return LocalTime(); },
             [this] { return Now(); }};
   }
   // Empty when the reading was that of the trace.
@@ -43,8 +44,12 @@ class ReplayedLine {
   }
 
  private:
-  ReplayedLine(const ReadingTrace& traced, std::unique_ptr<ReplayLine> line)
-      : traced_(traced), line_(*line), counted_(std::move(line), [this] { return Now(); }) {}
+  ReplayedLine(const ReadingTrace& traced, std::unique_ptr<ReplayLine> line, Screen& screen,
+               bool shown)
+      : traced_(traced),
+        line_(*line),
+        watch_(screen, shown),
+        watched_(watch_.Over(std::move(line), [this] { return Now(); })) {}
 
   // The clocks stand where the trace does.
   std::chrono::steady_clock::time_point Now() const {
@@ -62,7 +67,8 @@ class ReplayedLine {
 
   const ReadingTrace& traced_;
   ReplayLine& line_;
-  LineStatistics counted_;
+  FrameWatch watch_;
+  const std::unique_ptr<LinePort> watched_;
 };
 
 ReadOptions OptionsOf(const TracedReading& reading, const SinkOptions& sinks) {
@@ -84,7 +90,7 @@ int CodeOf(const RunEnd& end, const TracedEnd& told) {
 Replayed RunReplay(const ReadingTrace& traced, const SinkOptions& sinks,
                    const DriverLibrary& library, Screen& screen, RunListener& listener) {
   const ReadOptions options = OptionsOf(traced.reading, sinks);
-  ReplayedLine replay(traced);
+  ReplayedLine replay(traced, screen, sinks.verbose > 1);
   const Surroundings from = replay.From();
   const std::vector<Way> ways = CheckReading(library, options);
   OneReading reading(options, library, ways, from, screen, listener);

@@ -192,7 +192,7 @@ void ScanCommand::AddTo(CLI::App& app) {
       "  irvela scan --port /dev/ttyUSB0\n"
       "  irvela scan --tcp gateway:4001 --numbers 1-8,100-120 --kind k7 --speeds auto\n"
       "  irvela scan --simulate 521 --also 522:7 --also k7-523:9 --numbers 1-10\n"
-      "A silent number costs about 1.6 s by the older protocol and 0.8 s by k7. Ctrl-C ends a\n"
+      "A silent number costs about 1.6 s by the older protocol and 0.9 s by k7. Ctrl-C ends a\n"
       "scan and keeps what was found.\n"
       "Exit code: 0 an instrument answers, 1 none does or the line failed, 2 wrong usage,\n"
       "130 interrupted, 143 terminated, 129 hung up.");

@@ -61,7 +61,7 @@ std::unique_ptr<RunListener> MakeSinks(const SinkOptions& options, Screen& scree
   CsvFolder* const folder = made.get();
   if (made) sinks->Add(std::move(made));
   sinks->Add(std::make_unique<ProgressDisplay>(screen));
-  if (options.verbose) sinks->Add(std::make_unique<MessagePrinter>(screen));
+  if (options.verbose > 0) sinks->Add(std::make_unique<MessagePrinter>(screen));
   if (options.follow) {  // without an end, so nothing is gathered
     sinks->Add(
         std::make_unique<FollowPrinter>(options.format, options.units, options.dialect, screen));

@@ -21,7 +21,7 @@ struct SinkOptions {
   std::string out;                // folder, or empty
   std::string raw;                // file, or empty
   std::optional<std::string> db;  // the store, as MakeStoreSink takes it; none: not kept there
-  bool verbose = false;           // the driver's messages are shown
+  int verbose = 0;                // 1: the driver's messages are shown; 2: and the line's frames
   bool force = false;             // what out and raw name may be replaced
   std::size_t width = 100;        // of the screen that tables are shown on, in characters
   UnitChoice units;

@@ -97,11 +97,12 @@ TEST_CASE("what the option library finds is told in sentences") {
   };
   const Case cases[] = {
       {{},
-       "give a command, one of read, scan, replay, decode, list, show, gaps, params, check, export, "
+       "give a command, one of read, scan, replay, decode, list, show, gaps, params, check, "
+       "export, "
        "import, explain, simulate, models (irvela --help tells more)"},
       {{"--all"}, "there is no option --all (irvela --help tells more)"},
       {{"read", "--number", "1"},
-       "give exactly one of --port, --tcp, --simulate (irvela read --help tells more)"},
+       "give exactly one of --port, --tcp, --rfc2217, --simulate (irvela read --help tells more)"},
       {{"read", "--port"}, "--port needs a value (irvela read --help tells more)"},
       {{"read", "--port", "a", "--format", "xml"},
        "--format: xml is none of table, json, csv (irvela read --help tells more)"},

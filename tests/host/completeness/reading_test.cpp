@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "host/line/reconnecting.h"
+#include "host/line/stream_line.h"
 #include "host/reading/follow_labels.h"
 #include "tests/host/completeness/simulated_reading.h"
 
@@ -192,6 +194,54 @@ TEST_CASE("a reading over a bad line comes to its end") {
     asked.groups = "H";
     const Outcome outcome = Read(asked, Instrument(item.model, {{"no-reply", item.every}}));
     CHECK(AccountsOf(outcome) == item.accounts);
+  }
+}
+
+namespace {
+
+// A connection that the gateway closes after so many bytes; what the instrument had still to say
+// comes over the next one.
+class ShortConnection final : public host::Channel {
+ public:
+  ShortConnection(support::FakePort& port, std::size_t most) : port_(port), left_(most) {}
+  host::Transfer Receive(std::span<char> into, Clock::time_point) override {
+    if (left_ == 0) return {0, "closed"};
+    const auto most = static_cast<unsigned>(std::min(into.size(), left_));
+    const auto count = static_cast<std::size_t>(port_.Read(0, most, into.data()));
+    left_ -= count;
+    return {count, {}};
+  }
+  host::Transfer Send(std::span<const char> bytes, Clock::time_point) override {
+    port_.Write(bytes.data(), static_cast<unsigned>(bytes.size()));
+    return {bytes.size(), {}};
+  }
+
+ private:
+  support::FakePort& port_;
+  std::size_t left_;
+};
+
+}  // namespace
+
+TEST_CASE("a reading whose gateway closes the connection again and again is whole") {
+  struct Case {
+    const char* model;
+    std::size_t bytes;  // of a connection: more than the longest reply has
+  };
+  for (const Case& item : {Case{"521", 700}, Case{"523", 4999}, Case{"k7-523", 1999}}) {
+    INFO(std::string(item.model));
+    const host::ReadSettings asked = Asked(item.model, 3, 1);
+    SimulatedPort instrument(Instrument(item.model));
+    int closed = 0;
+    const auto open = [&] {
+      return std::make_unique<ShortConnection>(instrument.port, item.bytes);
+    };
+    host::StreamLine line(
+        "g:1", std::make_unique<host::Reconnecting>(open, [&](const std::string&) { ++closed; }));
+    const Outcome outcome = ReadOver(line, asked);
+    CHECK(closed > 0);
+    CHECK(outcome.end.ending == host::Ending::kRead);
+    CHECK(outcome.rows.all == Read(asked, Instrument(item.model)).rows.all);
   }
 }
 
