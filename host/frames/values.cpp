@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <string_view>
 
 #include "host/stream/cell.h"
@@ -36,7 +37,8 @@ std::size_t ChangedColumn(tav::Columns columns, ByteView left, ByteView right) {
 // The column that each byte goes to.
 std::vector<std::size_t> Targets(tav::Columns columns, ByteView bytes, const Bytes& record,
                                  const Convert& convert) {
-  Bytes changed(bytes.begin(), bytes.end());
+  Bytes changed(bytes.size());
+  std::copy(bytes.begin(), bytes.end(), changed.begin());
   std::vector<std::size_t> targets;
   for (unsigned char& byte : changed) {
     Bytes other(record.size());

@@ -42,7 +42,7 @@ for model in 523 721 k7-523; do
     "${irvela[@]}" show --db taken.db --out taken >/dev/null
     same "read-$model" taken
     "${irvela[@]}" import "$source" --db taken.db 2>log
-    grep -q ' 0 records new, [0-9]* as before$' log || fail "$source came twice: $(cat log)"
+    grep -q ' 0 records new, [0-9]* as before.\?$' log || fail "$source came twice: $(cat log)"
     rm -rf taken taken.db*
   done
 done
@@ -53,10 +53,10 @@ hours() { "${irvela[@]}" show --db taken.db --groups H --format csv; }
 hours >before
 "${irvela[@]}" read --simulate 523 "${period[@]}" --sim-units 1 --raw other.raw >/dev/null 2>&1
 "${irvela[@]}" import other.raw --db taken.db 2>log
-grep -q '[1-9][0-9]* otherwise, left as kept$' log || fail "not left: $(cat log)"
+grep -q '[1-9][0-9]* otherwise, left as kept.\?$' log || fail "not left: $(cat log)"
 hours | cmp before - || fail "a file changed what a reading brought"
 "${irvela[@]}" import other.raw --replace --db taken.db 2>log
-grep -q ' [1-9][0-9]* changed$' log || fail "not replaced: $(cat log)"
+grep -q ' [1-9][0-9]* changed.\?$' log || fail "not replaced: $(cat log)"
 
 # A change of units is no change of values.
 "${irvela[@]}" show --db 523.db --units gj,kpa --out wanted >/dev/null
