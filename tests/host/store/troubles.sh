@@ -3,6 +3,7 @@
 # usage: troubles.sh IRVELA...
 set -euo pipefail
 irvela=("$@")
+first=$(dirname "$(realpath "$0")")/../../data/store-version-1.sql
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
@@ -39,6 +40,16 @@ refused "no folder" "cannot open none/a.db: unable to open database file" --db n
 cp good.db newer.db
 sqlite3 newer.db 'UPDATE store_version SET version = 1000'
 refused "a newer store" "newer.db is a store of version 1000" --db newer.db
+
+# The first version's tables, as its program left them: they open, and hold what an instrument says
+# now.
+sqlite3 first.db <"$first"
+before=$("${irvela[@]}" show --db first.db --groups BTH --format csv)
+"${irvela[@]}" read --simulate 521 --groups BTH --clock "2016-09-10 12:00:05" \
+  --from "2016-09-10 06:00" --db first.db >/dev/null 2>log
+grep -q ' 0 records new, 7 as before' log || { cat log >&2; exit 1; }
+[ "$("${irvela[@]}" show --db first.db --groups BH --format csv)" = \
+  "$(sed -n '/^# current/,/^$/!p' <<<"$before")" ]
 
 # A limit of a file's size stands for a full disk.
 cp good.db full.db
