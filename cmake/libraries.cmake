@@ -4,12 +4,16 @@ find_package(Threads REQUIRED)
 
 add_library(irvela_libraries INTERFACE)
 target_compile_definitions(irvela_libraries INTERFACE
-  ASIO_STANDALONE ASIO_NO_DEPRECATED FMT_HEADER_ONLY)
+  ASIO_STANDALONE ASIO_NO_DEPRECATED)
 target_link_libraries(irvela_libraries INTERFACE Threads::Threads)
 if(WIN32)
   target_compile_options(irvela_libraries INTERFACE "SHELL:-idirafter /usr/include")
-  target_compile_definitions(irvela_libraries INTERFACE _WIN32_WINNT=0x0601)
+  target_compile_definitions(irvela_libraries INTERFACE _WIN32_WINNT=0x0601 FMT_HEADER_ONLY)
   target_link_libraries(irvela_libraries INTERFACE ws2_32 mswsock)
+else()
+  # Its headers alone would have their code compiled in every file, which takes most of the time.
+  find_library(LIBRARY_fmt fmt REQUIRED)
+  target_link_libraries(irvela_libraries INTERFACE ${LIBRARY_fmt})
 endif()
 
 # What the store needs. Its files are SQLite's, a server PostgreSQL's.
