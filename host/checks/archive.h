@@ -40,7 +40,9 @@ class Archive {
   // Its amounts are totals as they stood at the end of a day.
   bool HoldsTotals() const;
   // Hours of a 521 have 0, not "no value", for a pipe that the mode leaves out.
-  bool HasZerosForNoValue() const { return layout_->model == Model::k521 && kind_ == Period::kHour; }
+  bool HasZerosForNoValue() const {
+    return layout_->model == Model::k521 && kind_ == Period::kHour;
+  }
 
   // The older protocol's records carry the time at which they were closed, the others that at which
   // they were begun.

@@ -85,7 +85,8 @@ void AddReadingSinkOptions(CLI::App& app, SinkOptions& sinks) {
   app.add_option("--raw", sinks.raw, "keep the driver's stream, for irvela decode")
       ->option_text("FILE");
   AddStoreOption(app, sinks.db);
-  app.add_flag("-v,--verbose", sinks.verbose, "show the driver's messages; -vv: what the line carries too");
+  app.add_flag("-v,--verbose", sinks.verbose,
+               "show the driver's messages; -vv: what the line carries too");
 }
 
 void AddDriverOption([[maybe_unused]] CLI::App& app, [[maybe_unused]] std::string& driver) {

@@ -42,8 +42,8 @@ struct Section {
   // the last one.
   std::optional<unsigned> announced{};
   std::vector<Column> columns{};
-  // Of a section that was kept with them: the true unit of each column, see host/fields. Empty: they
-  // are to be found out.
+  // Of a section that was kept with them: the true unit of each column, see host/fields. Empty:
+  // they are to be found out.
   std::vector<std::string> units{};
 };
 
