@@ -3,8 +3,10 @@
 find_package(Threads REQUIRED)
 
 add_library(irvela_libraries INTERFACE)
+# Whether Asio finds the aligned allocation depends on what was included before it: files that differ
+# in that would free what others allocated another way.
 target_compile_definitions(irvela_libraries INTERFACE
-  ASIO_STANDALONE ASIO_NO_DEPRECATED)
+  ASIO_STANDALONE ASIO_NO_DEPRECATED ASIO_DISABLE_STD_ALIGNED_ALLOC)
 target_link_libraries(irvela_libraries INTERFACE Threads::Threads)
 if(WIN32)
   target_compile_options(irvela_libraries INTERFACE "SHELL:-idirafter /usr/include")
