@@ -9,8 +9,8 @@ namespace host {
 namespace {
 
 // Another driver must take its own functions before those of the linked one, which have the same
-// names. The address sanitizer refuses that.
-#if defined(__SANITIZE_ADDRESS__) || !defined(RTLD_DEEPBIND)
+// names. Sanitizers refuse that.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(RTLD_DEEPBIND)
 constexpr int kMode = RTLD_NOW | RTLD_LOCAL;
 #else
 constexpr int kMode = RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND;
