@@ -6,6 +6,7 @@ cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
 install_packages "${native_packages[@]}"
+./scripts/page-sources.sh
 echo "Building ..."
 quietly cmake --preset native
 quietly cmake --build --preset native --target irvela

@@ -4,12 +4,14 @@
 native_packages=(
   build-essential cmake ninja-build
   libasio-dev libcli11-dev libfmt-dev nlohmann-json3-dev
-  libsoci-dev libboost-dev libsqlite3-dev libpq-dev
+  libsoci-dev libboost-dev libsqlite3-dev libpq-dev zlib1g-dev
   doctest-dev libbenchmark-dev libmodbus-dev pkg-config file
 )
 # What the tests look at the store with.
 database_packages=(sqlite3 postgresql)
-windows_packages=(g++-mingw-w64-i686-posix clang lld llvm)
+# What the tests look at the report's page with; the font has the letters of both languages.
+browser_packages=(chromium fonts-liberation)
+windows_packages=(g++-mingw-w64-i686-posix clang lld llvm libz-mingw-w64-dev)
 wine_packages=(wine wine32:i386)
 
 as_root() {

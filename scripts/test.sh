@@ -24,7 +24,8 @@ for option in "$@"; do
   esac
 done
 
-install_packages "${native_packages[@]}" "${database_packages[@]}"
+install_packages "${native_packages[@]}" "${database_packages[@]}" "${browser_packages[@]}"
+./scripts/page-sources.sh
 if [ "$windows" = yes ]; then
   install_packages "${windows_packages[@]}"
   install_wine
