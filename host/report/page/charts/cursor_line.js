@@ -1,0 +1,49 @@
+// The line above the charts: the time under the cursor, that record's codes, the changes there.
+import { chartTexts } from '../texts/charts.js';
+import { element, foreign } from './elements.js';
+import { codesOf } from './situations.js';
+import { dateText } from './time_axis.js';
+
+const NEAR = 6;
+const MOST_CHANGES = 3;
+
+export function makeCursorLine(archive, view) {
+  const line = element('p', 'charts-at');
+  const show = (...parts) => line.replaceChildren(...parts);
+  return {
+    line,
+    rest: () => show(rangeText(view)),
+    follow: (plot) => show(...partsAt(plot, archive, view)),
+  };
+}
+
+export function rangeText({ rows, lang, range }) {
+  const text = (at) => dateText(at, rows.kind, lang);
+  return `${text(range.min)} – ${text(range.max)}`;
+}
+
+function partsAt(plot, archive, view) {
+  const record = view.rows.records[plot.cursor.idx];
+  const at = record < 0 ? plot.posToVal(plot.cursor.left, 'x') : plot.data[0][plot.cursor.idx];
+  const time = element('time', '', dateText(at, view.rows.kind, view.lang));
+  const told = record < 0 ? [chartTexts[view.lang].noRecord] : codeParts(archive, record);
+  return [time, ...spaced(told), ...spaced(changeParts(plot, view))];
+}
+
+const spaced = (parts) => parts.flatMap((part) => [' · ', part]);
+
+function codeParts(archive, record) {
+  return codesOf(archive, record).map(({ caption, value }) => {
+    const unusual = Number(value) !== 0 && value !== '';
+    return element('span', unusual ? 'charts-unusual' : '', foreign(caption), ' ', foreign(value));
+  });
+}
+
+function changeParts(plot, { marks, lang }) {
+  const near = marks.changes.filter(
+    ({ time }) => Math.abs(plot.valToPos(time, 'x') - plot.cursor.left) <= NEAR,
+  );
+  const shown = near.slice(0, MOST_CHANGES).map(({ text }) => foreign(text));
+  const more = near.length - shown.length;
+  return more > 0 ? [...shown, chartTexts[lang].more(more)] : shown;
+}
