@@ -1,0 +1,40 @@
+// What the check of the store has found, in the page's language.
+import { button, element, foreign, section } from './dom.js';
+import { dateText } from './formats.js';
+import { words, wordOf } from './texts/index.js';
+
+// By the rule's numbers; the given sentence where the page's language has no sentence of its own.
+function sentenceOf(finding) {
+  const { rule } = finding;
+  const hasNumbers = finding.found != null && finding.expected != null;
+  const makes = Object.hasOwn(words.sentences, rule) && (hasNumbers || rule === 'replaced');
+  return (makes ? words.sentences[rule](finding) : finding.text) ?? '';
+}
+
+function periodOf({ from, to }) {
+  return to && to !== from ? `${dateText(from)} – ${dateText(to)}` : dateText(from);
+}
+
+function sectionOf({ system, kind }) {
+  return [system, wordOf(words.archive.kinds, kind ?? '').toLowerCase()].filter(Boolean).join(' ');
+}
+
+function findingItem(finding, show) {
+  return element('li', { class: finding.note ? 'note' : 'fault' },
+    element('div', { class: 'what' },
+      element('strong', {}, foreign(wordOf(words.rules, finding.rule ?? ''))),
+      finding.note && element('span', { class: 'chip order' }, words.instrument.note),
+      element('span', { class: 'where' }, foreign(sectionOf(finding))),
+      element('span', { class: 'nowrap' }, foreign(periodOf(finding)))),
+    element('div', {}, foreign(sentenceOf(finding))),
+    show && finding.from && button(words.instrument.show, () => show(finding),
+      { class: 'screen-only' }));
+}
+
+// show: zooms to a finding; null where there are no charts to zoom.
+export function findingsSection({ findings }, show) {
+  const content = findings.length > 0
+    ? element('ul', {}, findings.map((finding) => findingItem(finding, show)))
+    : element('p', { class: 'empty' }, words.instrument.noFindings);
+  return section('findings', words.instrument.findings, content);
+}
