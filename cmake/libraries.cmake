@@ -33,3 +33,6 @@ else()
     target_link_libraries(irvela_database INTERFACE ${LIBRARY_${library}})
   endforeach()
 endif()
+
+# What the report's page is compressed with.
+find_package(ZLIB REQUIRED)

@@ -13,6 +13,7 @@ std::span<const CommandRow> Commands() {
       {"gaps", "Shows which records the store lacks.", MakeGapsCommand},
       {"params", "Shows parameters of instruments, and what changed.", MakeParamsCommand},
       {"check", "Finds in the store what an engineer would want to know.", MakeCheckCommand},
+      {"report", "Writes a page over what the store keeps.", MakeReportCommand},
       {"export", "Writes what the store keeps, a row a line.", MakeExportCommand},
       {"import", "Takes earlier readings into the store.", MakeImportCommand},
       {"explain", "Says what the bytes of frames mean.", MakeExplainCommand},

@@ -28,6 +28,7 @@ std::unique_ptr<Command> MakeGapsCommand();
 std::unique_ptr<Command> MakeParamsCommand();
 std::unique_ptr<Command> MakeCheckCommand();
 std::unique_ptr<Command> MakeExportCommand();
+std::unique_ptr<Command> MakeReportCommand();
 std::unique_ptr<Command> MakeImportCommand();
 std::unique_ptr<Command> MakeExplainCommand();
 std::unique_ptr<Command> MakeSimulateCommand();

@@ -1,0 +1,40 @@
+#include "host/report/finding_json.h"
+
+#include <cmath>
+
+namespace host {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json NumberOrNull(const Finding& finding, double FoundNumbers::*number) {
+  if (!finding.numbers || !std::isfinite((*finding.numbers).*number)) return nullptr;
+  return (*finding.numbers).*number;
+}
+
+Json JsonOf(const Finding& finding) {
+  return {{"rule", finding.rule},
+          {"note", finding.note},
+          {"kind", finding.kind},
+          {"system", finding.section.system},
+          {"from", finding.from},
+          {"to", finding.to},
+          {"records", finding.records},
+          {"field", finding.field},
+          {"unit", finding.numbers ? finding.numbers->unit : ""},
+          {"expected", NumberOrNull(finding, &FoundNumbers::expected)},
+          {"found", NumberOrNull(finding, &FoundNumbers::found)},
+          {"text", finding.sentence}};
+}
+
+}  // namespace
+
+Json FindingsOf(const std::vector<Finding>& findings, long long instrument) {
+  Json list = Json::array();
+  for (const Finding& finding : findings) {
+    if (finding.section.instrument == instrument) list.push_back(JsonOf(finding));
+  }
+  return list;
+}
+
+}  // namespace host
