@@ -3,6 +3,7 @@
 find_package(Threads REQUIRED)
 
 add_library(irvela_libraries INTERFACE)
+# The formatting library is linked: its headers alone would have its code compiled in every file.
 # Whether Asio finds the aligned allocation depends on what was included before it: files that differ
 # in that would free what others allocated another way.
 target_compile_definitions(irvela_libraries INTERFACE
@@ -10,10 +11,11 @@ target_compile_definitions(irvela_libraries INTERFACE
 target_link_libraries(irvela_libraries INTERFACE Threads::Threads)
 if(WIN32)
   target_compile_options(irvela_libraries INTERFACE "SHELL:-idirafter /usr/include")
-  target_compile_definitions(irvela_libraries INTERFACE _WIN32_WINNT=0x0601 FMT_HEADER_ONLY)
-  target_link_libraries(irvela_libraries INTERFACE ws2_32 mswsock)
+  target_compile_definitions(irvela_libraries INTERFACE _WIN32_WINNT=0x0601)
+  add_library(irvela_fmt STATIC ${CMAKE_CURRENT_LIST_DIR}/fmt_from_headers.cpp)
+  target_compile_options(irvela_fmt PRIVATE "SHELL:-idirafter /usr/include")
+  target_link_libraries(irvela_libraries INTERFACE irvela_fmt ws2_32 mswsock)
 else()
-  # Its headers alone would have their code compiled in every file, which takes most of the time.
   find_library(LIBRARY_fmt fmt REQUIRED)
   target_link_libraries(irvela_libraries INTERFACE ${LIBRARY_fmt})
 endif()
