@@ -14,12 +14,12 @@ using std::chrono::milliseconds;
 // "83 ms", "1.2 s", "6 min 2 s", "2 h 5 min".
 std::string LengthText(milliseconds time) {
   const long long ms = time.count();
-  const long long seconds = (ms + 500) / 1000;
+  const long long rounded = (ms + 500) / 1000;
   if (ms < 1000) return fmt::format("{} ms", ms);
   if (ms < 9950) return fmt::format("{:.1f} s", static_cast<double>(ms) / 1000);
-  if (seconds < 60) return fmt::format("{} s", seconds);
-  if (seconds < 3600) return fmt::format("{} min {} s", seconds / 60, seconds % 60);
-  return fmt::format("{} h {} min", seconds / 3600, seconds / 60 % 60);
+  if (rounded < 60) return fmt::format("{} s", rounded);
+  if (rounded < 3600) return fmt::format("{} min {} s", rounded / 60, rounded % 60);
+  return fmt::format("{} h {} min", rounded / 3600, rounded / 60 % 60);
 }
 
 std::string BytesText(std::size_t bytes) {

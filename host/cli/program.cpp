@@ -10,7 +10,7 @@
 namespace host {
 namespace {
 
-int Run(const CommandLine& line) {
+int RunLine(const CommandLine& line) {
   if (line.command) return line.command->Run();
   if (line.exitCode == kSuccess) {
     WriteStandardOutput(line.message);
@@ -24,7 +24,7 @@ int Run(const CommandLine& line) {
 
 int RunProgram(const std::vector<std::string>& arguments) {
   try {
-    return Run(ParseCommandLine(arguments));
+    return RunLine(ParseCommandLine(arguments));
   } catch (const UsageError& error) {
     WriteStandardError(fmt::format("irvela: {}\n", error.what()));
     return kWrongUsage;
