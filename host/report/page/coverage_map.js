@@ -9,7 +9,8 @@ import { words } from './texts/index.js';
 
 const STATES = ['kept', 'missing', 'absent', 'unasked'];
 const CELL = 4;  // of the picture's own units
-const CELL_PIXELS = { hours: 2, days: 10, months: 14 };
+const CELL_PIXELS = { hours: 2, days: 10, months: 36 };
+const MOST_CELL_PIXELS = { hours: 3, days: 10, months: 36 };
 const TALL_PIXELS = { hours: 3, days: 4, months: 8 };
 
 function stateWord(state) {
@@ -61,11 +62,9 @@ function dayLabels({ group, first, columns }) {
     label(shortMonth(month), (Date.UTC(group, month, 1) / 86400e3 - first) / columns));
 }
 
-// Every year, or every so many where they would stand too close.
 function yearLabels({ first, columns }, perYear) {
-  const step = Math.ceil((columns / perYear) / 12);
   const labels = [];
-  for (let year = Math.ceil(first / perYear); year * perYear < first + columns; year += step) {
+  for (let year = Math.ceil(first / perYear); year * perYear < first + columns; ++year) {
     labels.push(label(String(year), (year * perYear - first) / columns));
   }
   return labels.length > 0 ? labels : [label(String(Math.floor(first / perYear)), 0)];
@@ -86,7 +85,8 @@ function drawStrip(archive, strip, summary) {
   }, strip.rectangles.map((rectangle) => drawRectangle(archive, strip, rectangle)));
   const box = element('div', { class: 'strip' }, drawing,
     element('div', { class: 'labels', 'aria-hidden': 'true' }, labelsOf(archive.kind, strip)));
-  box.style.width = `${Math.max(columns * CELL_PIXELS[archive.kind], 32)}px`;
+  box.style.minWidth = `${Math.max(columns * CELL_PIXELS[archive.kind], 32)}px`;
+  box.style.maxWidth = `${Math.max(columns * MOST_CELL_PIXELS[archive.kind], 32)}px`;
   drawing.style.height = `${rows * TALL_PIXELS[archive.kind]}px`;
   return [strip.group != null && element('div', { class: 'group' }, String(strip.group)), box];
 }
@@ -120,7 +120,7 @@ function legend() {
 export function coverageSection(instrument) {
   const known = instrument.archives.filter(({ coverage }) => coverage?.ranges?.length > 0);
   const content = known.length > 0
-    ? [legend(), known.map(drawMap)]
+    ? [legend(), element('div', { class: 'maps' }, known.map(drawMap))]
     : element('p', { class: 'empty' }, words.coverage.none);
   return section('coverage', words.coverage.title, content);
 }

@@ -1,6 +1,7 @@
 // The values of the last reading that brought any: those of the moment, and totals apart.
 import { element, foreign, section } from './dom.js';
 import { dateText, meaningOf, unitOf, valueText } from './formats.js';
+import { partOf } from './systems.js';
 import { words } from './texts/index.js';
 
 function valueRow(field) {
@@ -16,7 +17,7 @@ function valueRow(field) {
 function block({ system, time }, fields, title) {
   if (fields.length === 0) return null;
   return element('div', { class: 'block' },
-    element('h3', {}, foreign(system), title && ` · ${title}`,
+    element('h3', {}, foreign(title ? partOf(system) : system), title && ` · ${title}`,
       element('small', {}, ' ', words.instrument.readAt(dateText(time)))),
     element('table', {}, element('tbody', {}, fields.map(valueRow))));
 }

@@ -1,6 +1,7 @@
 // What the check of the store has found, in the page's language.
+import { secondsOf } from './data.js';
 import { button, element, foreign, section } from './dom.js';
-import { dateText } from './formats.js';
+import { dateText, recordTime } from './formats.js';
 import { words, wordOf } from './texts/index.js';
 
 // By the rule's numbers; the given sentence where the page's language has no sentence of its own.
@@ -11,8 +12,16 @@ function sentenceOf(finding) {
   return (makes ? words.sentences[rule](finding) : finding.text) ?? '';
 }
 
-function periodOf({ from, to }) {
-  return to && to !== from ? `${dateText(from)} – ${dateText(to)}` : dateText(from);
+// Records of days and months are dated without an hour.
+function timeOf(text, kind) {
+  const seconds = secondsOf(text);
+  const isLong = kind === 'days' || kind === 'months';
+  return isLong && seconds != null ? recordTime(seconds, kind) : dateText(text);
+}
+
+function periodOf({ from, to, kind }) {
+  const first = timeOf(from, kind);
+  return to && to !== from ? `${first} – ${timeOf(to, kind)}` : first;
 }
 
 function sectionOf({ system, kind }) {

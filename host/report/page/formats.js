@@ -5,21 +5,26 @@ import { pipeText, unitText } from './texts/charts.js';
 const MOST_DECIMALS = 6;
 
 let language = 'en';
-let numberFormats = new Map();
+let formats = new Map();
 
 export function useFormats(lang) {
   language = lang === 'ru' ? 'ru' : 'en';
-  numberFormats = new Map();
+  formats = new Map();
+}
+
+// Formats are slow to make, so each is made once.
+function kept(key, make) {
+  if (!formats.has(key)) formats.set(key, make());
+  return formats.get(key);
 }
 
 function numberFormat(decimals) {
-  if (!numberFormats.has(decimals)) {
+  return kept(decimals, () => {
     const least = decimals == null ? 0 : Math.max(0, decimals);
     const most = decimals == null ? MOST_DECIMALS : least;
     const digits = { minimumFractionDigits: least, maximumFractionDigits: most };
-    numberFormats.set(decimals, new Intl.NumberFormat(language, digits));
-  }
-  return numberFormats.get(decimals);
+    return new Intl.NumberFormat(language, digits);
+  });
 }
 
 // decimals: null shows those that the number has.
@@ -65,18 +70,19 @@ export function recordTime(seconds, kind) {
   return language === 'ru' ? `${month}.${year}` : `${year}-${month}`;
 }
 
+function monthFormat(month) {
+  return kept(month, () => new Intl.DateTimeFormat(language, { month, timeZone: 'UTC' }));
+}
+
 // "September 2026", "сентябрь 2026"; year and month of a text "2026-09".
 export function monthName(text) {
   const [year, month] = String(text).split('-').map(Number);
-  const date = new Date(Date.UTC(year, month - 1, 1));
-  const name = new Intl.DateTimeFormat(language, { month: 'long', timeZone: 'UTC' }).format(date);
-  return `${name} ${year}`;
+  return `${monthFormat('long').format(new Date(Date.UTC(year, month - 1, 1)))} ${year}`;
 }
 
 // "Jan", "янв"; month from 0.
 export function shortMonth(month) {
-  const format = new Intl.DateTimeFormat(language, { month: 'short', timeZone: 'UTC' });
-  return format.format(new Date(Date.UTC(2001, month, 1))).replace('.', '');
+  return monthFormat('short').format(new Date(Date.UTC(2001, month, 1))).replace('.', '');
 }
 
 // The two largest units: "3 h 0 min", "45 s".
@@ -102,7 +108,7 @@ const AGO_UNITS = [['year', 31557600], ['month', 2629800], ['day', 86400], ['hou
 
 // "3 days ago".
 export function agoText(seconds) {
-  const format = new Intl.RelativeTimeFormat(language, { numeric: 'always' });
+  const format = kept('ago', () => new Intl.RelativeTimeFormat(language, { numeric: 'always' }));
   const past = Math.max(0, seconds);
   const [unit, length] = AGO_UNITS.find(([, each]) => past >= each) ?? ['minute', 60];
   return format.format(-Math.floor(past / length), unit);

@@ -54,7 +54,7 @@ function identity(instrument, facts) {
   const reason = instrument.last?.reason;
   return section('identity', text.identity, pairs([
     [text.place, foreign(instrument.place || words.none)],
-    [words.version, instrument.version && foreign(instrument.version)],
+    [text.version, instrument.version && foreign(instrument.version)],
     [text.readings, instrument.readings == null ? null : numberText(instrument.readings)],
     [text.last, lastReading(instrument, facts)],
     [text.result, [resultOf(instrument), reason && ': ', reason && foreign(reason)]],

@@ -12,7 +12,7 @@ function placeKey(text) {
   return String(text ?? '').toLowerCase();
 }
 
-const byNumber = { numeric: true };
+const collator = new Intl.Collator(undefined, { numeric: true });
 
 // What a column shows of a row, and what it is sorted by: the greatest first where `falling`.
 const COLUMNS = [
@@ -31,7 +31,7 @@ const COLUMNS = [
   { name: 'read', falling: true, key: (row) => row.facts.sinceRead, show: showRead },
   { name: 'result', key: (row) => resultOf(row.instrument), show: showResult },
   { name: 'clock', falling: true, key: (row) => Math.abs(row.facts.difference ?? 0),
-    show: (row) => clockText(row.facts.difference) },
+    show: ({ facts }) => element('span', { class: 'nowrap' }, clockText(facts.difference)) },
   { name: 'missing', number: true, falling: true, key: (row) => row.facts.missing,
     show: showMissing },
   { name: 'findings', number: true, falling: true, key: (row) => row.facts.findings,
@@ -52,7 +52,7 @@ function showSerial({ instrument, index }) {
 function showRead({ instrument, facts }) {
   if (!instrument.last?.begun) return words.none;
   return [element('span', { class: 'nowrap' }, dateText(instrument.last.begun)), ' ',
-    element('small', {}, agoText(facts.sinceRead))];
+    element('small', { class: 'nowrap' }, agoText(facts.sinceRead))];
 }
 
 export function resultOf({ last }) {
@@ -82,7 +82,7 @@ export function situationsText(situations) {
 }
 
 function compare(one, other) {
-  return typeof one === 'string' ? one.localeCompare(other, undefined, byNumber) : one - other;
+  return typeof one === 'string' ? collator.compare(one, other) : one - other;
 }
 
 function byAttention(one, other) {

@@ -6,7 +6,7 @@ const SIGNS = { unread: '✕', findings: '!', gaps: '▒', clock: '◷', situati
 
 export function stateChips(states) {
   const shown = states.length > 0 ? states : ['order'];
-  return element('span', { class: 'chips' }, shown.map((state) =>
+  return element('span', { class: 'chips' }, shown.map((state) => [
     element('span', { class: `chip ${state}` },
-      element('span', { 'aria-hidden': 'true' }, SIGNS[state]), ` ${words.states[state]}`)));
+      element('span', { 'aria-hidden': 'true' }, SIGNS[state]), ` ${words.states[state]}`), ' ']));
 }

@@ -1,6 +1,7 @@
 // Monthly statements, one for each part of each instrument, as they are filed on paper.
-import { button, element, foreign, section } from './dom.js';
-import { captionOf, dateText, meaningOf, monthName, numberText, valueText }
+import { button, element, foreign, scrollBox, section } from './dom.js';
+import { captionOf, dateText, meaningOf, monthName, numberText, unitOf,
+  valueText }
   from './formats.js';
 import { logTable } from './logs.js';
 import { daysOfMonth, statementRows } from './statement_rows.js';
@@ -10,7 +11,7 @@ import { isAmount, isMean, meanOf, sumOf } from './sums.js';
 import { partsOf } from './systems.js';
 import { words } from './texts/index.js';
 
-const MOST_COLUMNS_UPRIGHT = 11;
+const MOST_COLUMNS_UPRIGHT = 14;
 const OF_HOURS = '*';
 
 function isGas({ columns }) {
@@ -67,8 +68,9 @@ function dayTable(month) {
   const { rows, columns } = month;
   const heads = columns.map((field) => element('th', { scope: 'col', class: 'number',
     title: field.derived ? words.statement.derived : meaningOf(field) },
-  foreign(captionOf(field)), element('small', {}, meaningOf({ pipe: field.pipe }))));
-  return element('div', { class: 'scroll' }, element('table', { class: 'days' },
+  foreign(field.caption || field.field), element('small', {}, foreign(unitOf(field.unit))),
+  element('small', {}, meaningOf({ pipe: field.pipe }))));
+  return scrollBox(element('table', { class: 'days' },
     element('thead', {}, element('tr', {},
       element('th', { scope: 'col' }, words.statement.day), heads)),
     element('tbody', {}, rows.map((row) => dayRow(row, columns))),
@@ -122,10 +124,10 @@ function counters(readings) {
   const fields = readings[0].fields.filter(({ decimals }) => decimals != null);
   const heads = [...readings.map(({ time }) => dateText(time)),
     readings.length === 2 && text.difference].filter(Boolean);
-  return section('counters', text.totals, element('table', {},
+  return section('counters', text.totals, scrollBox(element('table', {},
     element('thead', {}, element('tr', {}, element('th', { scope: 'col' }, text.counter),
       heads.map((name) => element('th', { scope: 'col', class: 'number' }, name)))),
-    element('tbody', {}, fields.map((field) => counterRow(field, readings)))));
+    element('tbody', {}, fields.map((field) => counterRow(field, readings))))));
 }
 
 function logEntries(logs) {

@@ -11,17 +11,18 @@ function amount(value, unit) {
 function differenceOf({ expected, found, unit }) {
   const difference = found - expected;
   const sign = difference < 0 ? '−' : '+';
-  if (expected === 0) return sign + amount(Math.abs(difference), unit);
-  return `${sign}${numberText(Number(Math.abs((difference / expected) * 100).toPrecision(3)))} %`;
+  const rounded = (value) => Number(Math.abs(value).toPrecision(4));
+  if (expected === 0) return sign + withUnit(rounded(difference), unit);
+  return `${sign}${numberText(rounded((difference / expected) * 100))} %`;
 }
 
 // parts, whole: what was added up, and what it was compared with.
 function sum(parts, whole) {
   return (finding) => {
     const { field, records, expected, found, unit } = finding;
-    const row = records > 1 ? `${numberText(records)} записи подряд, больше всего: ` : '';
+    const row = records > 1 ? `; записей подряд: ${numberText(records)}, здесь худшая` : '';
     const comparison = `сумма ${parts} ${amount(found, unit)}, ${whole} ${amount(expected, unit)}`;
-    return `${row}${field}: ${comparison} (${differenceOf(finding)})`;
+    return `${field}: ${comparison} (${differenceOf(finding)})${row}`;
   };
 }
 
