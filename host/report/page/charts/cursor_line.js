@@ -17,9 +17,12 @@ export function makeCursorLine(archive, view) {
   };
 }
 
+// The dates of the first and the last record in view.
 export function rangeText({ rows, lang, range }) {
   const text = (at) => dateText(at, rows.kind, lang);
-  return `${text(range.min)} – ${text(range.max)}`;
+  const first = rows.times.find((at) => at >= range.min) ?? range.min;
+  const last = lastUpTo(rows.times, range.max) ?? range.max;
+  return `${text(first)} – ${text(last)}`;
 }
 
 function partsAt(plot, archive, view) {
@@ -46,4 +49,10 @@ function changeParts(plot, { marks, lang }) {
   const shown = near.slice(0, MOST_CHANGES).map(({ text }) => foreign(text));
   const more = near.length - shown.length;
   return more > 0 ? [...shown, chartTexts[lang].more(more)] : shown;
+}
+
+function lastUpTo(times, limit) {
+  let i = times.length - 1;
+  while (i >= 0 && times[i] > limit) i -= 1;
+  return times[i];
 }

@@ -8,7 +8,7 @@ import { labelOf, plotData, plotOptions } from './plot.js';
 const CSS_DPI = 96;
 const PAPER_DPI = 216;
 const WIDTH = (180 / 25.4) * CSS_DPI;
-const HEIGHT = 190;
+const HEIGHT = 172;
 
 // The sheet must stand in the page already: its colours are read from there.
 export function fillPaper(sheet, groups, view) {

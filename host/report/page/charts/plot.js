@@ -56,7 +56,8 @@ export function nameOf({ column }, lang) {
 
 export function labelOf(series, lang) {
   const sample = lineSample(series.style, propertyOf(series.style));
-  return element('span', 'chart-label', sample, foreign(nameOf(series, lang)));
+  const pipe = pipeText(series.column.pipe, lang);
+  return element('span', 'chart-label', sample, foreign(series.column.caption), pipe && ` · ${pipe}`);
 }
 
 // The value as it was kept, even where it was not drawn.
@@ -82,7 +83,7 @@ function timeAxis(view, scale) {
     ...axisOf(view, scale),
     size: 40 * scale,
     gap: 3 * scale,
-    space: 64 * scale,
+    space: 46 * scale,
     incrs: timeSteps,
     splits: timeTicks,
     values: timeLabels(view.lang, scale),
@@ -94,7 +95,7 @@ function valueAxis(view, scale) {
     ...axisOf(view, scale),
     size: (14 + view.letters * 7) * scale,
     gap: 4 * scale,
-    space: 32 * scale,
+    space: 28 * scale,
     values: valueLabels(view.lang),
   };
 }
