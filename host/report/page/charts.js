@@ -1,15 +1,16 @@
 // The charts of one archive, which share the time and the cursor.
-import { decode } from './data.js';
 import { makeCursorLine, rangeText } from './charts/cursor_line.js';
-import { element, markSample } from './charts/elements.js';
 import { groupsOf } from './charts/groups.js';
 import { coloursAt } from './charts/palette.js';
 import { fillPaper } from './charts/paper.js';
 import { rowsOf } from './charts/rows.js';
+import { markSample } from './charts/samples.js';
 import { showChart, sizeFor } from './charts/screen.js';
 import { situationRanges } from './charts/situations.js';
 import { labelLetters } from './charts/value_axis.js';
 import { makeZoom } from './charts/zoom.js';
+import { decode } from './data.js';
+import { button, element } from './dom.js';
 import { chartTexts } from './texts/charts.js';
 
 let shown = 0;
@@ -22,7 +23,7 @@ export function showCharts(place, archive, options) {
   const groups = decode(archive).broken ? [] : groupsOf(archive, rows, options.lang);
   if (groups.length === 0) return showNothing(place, options.lang);
   const view = viewOf(archive, rows, groups, options);
-  const root = element('div', 'charts');
+  const root = element('div', { class: 'charts' });
   place.append(root);
   const live = showLive(root, archive, groups, view, options);
   return {
@@ -36,7 +37,7 @@ export function showCharts(place, archive, options) {
 }
 
 function showNothing(place, lang) {
-  const note = element('p', 'charts-nothing', chartTexts[lang].nothing);
+  const note = element('p', { class: 'charts-nothing' }, chartTexts[lang].nothing);
   const nothing = () => {};
   place.append(note);
   return {
@@ -75,7 +76,7 @@ function showLive(root, archive, groups, view, options) {
   });
   view.range = view.zoom.range();
   readColours();
-  const live = element('div', 'charts-live', headOf(head.line, view));
+  const live = element('div', { class: 'charts-live' }, headOf(head.line, view));
   root.append(live);
   charts = groups.map((group) => showChart(group, view, root.clientWidth));
   live.append(...charts.map(({ chart }) => chart), keyOf(view));
@@ -88,41 +89,37 @@ function showLive(root, archive, groups, view, options) {
 }
 
 function headOf(line, { lang, zoom }) {
-  const button = (sign, name, act) => {
-    const made = element('button', '', sign);
-    made.type = 'button';
-    made.title = name;
-    made.setAttribute('aria-label', name);
-    made.addEventListener('click', act);
-    return made;
-  };
   const texts = chartTexts[lang];
+  const tool = (sign, name, act) => button(sign, act, { title: name, 'aria-label': name });
   const tools = element(
     'div',
-    'charts-tools',
-    button('−', texts.zoomOut, () => zoom.by(2)),
-    button('+', texts.zoomIn, () => zoom.by(0.5)),
-    button(texts.all, texts.all, zoom.all),
+    { class: 'charts-tools screen-only' },
+    tool('−', texts.zoomOut, () => zoom.by(2)),
+    tool('+', texts.zoomIn, () => zoom.by(0.5)),
   );
-  return element('div', 'charts-head', line, tools);
+  return element('div', { class: 'charts-head' }, line, tools);
 }
 
 // What the marks on the axes mean, where there are any.
 function keyOf({ lang, marks }) {
   const { situationMark, changeMark } = chartTexts[lang];
   const entries = [];
-  const add = (kind, text) => entries.push(element('span', '', markSample(kind), ' ', text));
+  const add = (kind, text) => entries.push(element('span', {}, markSample(kind), ' ', text));
   if (marks.situations.length) add('situation', situationMark);
   if (marks.changes.length) add('change', changeMark);
-  return element('p', 'charts-key', ...entries);
+  return element('p', { class: 'charts-key' }, ...entries);
 }
 
 // The charts follow the width of their place and the colours of the page. Returns how to stop.
 function watch(root, charts, redraw) {
-  const sizes = new ResizeObserver(() => {
-    if (root.clientWidth === 0) return;
-    for (const { plot } of charts) plot.setSize(sizeFor(root.clientWidth));
-  });
+  let width = root.clientWidth;
+  const fit = () => {
+    if (root.clientWidth === width || root.clientWidth === 0) return;
+    width = root.clientWidth;
+    for (const { plot } of charts) plot.setSize(sizeFor(width));
+  };
+  // Not at once: a new height within the observer's call would be reported as a loop.
+  const sizes = new ResizeObserver(() => requestAnimationFrame(fit));
   const dark = matchMedia('(prefers-color-scheme: dark)');
   sizes.observe(root);
   dark.addEventListener('change', redraw);
@@ -142,7 +139,8 @@ function printing(root, groups, view) {
   };
   const forPrint = () => {
     afterPrint();
-    sheet = element('div', 'charts-paper', element('p', 'charts-at', rangeText(view)));
+    const range = element('p', { class: 'charts-at' }, rangeText(view));
+    sheet = element('div', { class: 'charts-paper' }, range);
     root.append(sheet);
     root.classList.add('charts-printed');
     fillPaper(sheet, groups, view);

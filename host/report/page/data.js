@@ -34,7 +34,8 @@ export function textOfTime(seconds, kind) {
 }
 
 function readOrNothing(archive) {
-  const nothing = { times: new Float64Array(0), periods: [], values: archive.columns.map(() => []) };
+  const values = archive.columns.map(() => []);
+  const nothing = { times: new Float64Array(0), periods: [], values };
   if (archive.data == null) return nothing;
   try {
     return read(archive);
@@ -64,7 +65,8 @@ function summedUp(steps) {
 }
 
 function ascends(periods) {
-  return periods.every((number, i) => Number.isInteger(number) && (i === 0 || number > periods[i - 1]));
+  const follows = (number, i) => i === 0 || number > periods[i - 1];
+  return periods.every((number, i) => Number.isInteger(number) && follows(number, i));
 }
 
 // Texts stand as they are; numbers as differences of scaled integers. What is too large to be an

@@ -1,14 +1,14 @@
 // The line above the charts: the time under the cursor, that record's codes, the changes there.
+import { element, foreign } from '../dom.js';
 import { chartTexts } from '../texts/charts.js';
-import { element, foreign } from './elements.js';
-import { codesOf } from './situations.js';
+import { codesOf, isUnusual } from './situations.js';
 import { dateText } from './time_axis.js';
 
 const NEAR = 6;
 const MOST_CHANGES = 3;
 
 export function makeCursorLine(archive, view) {
-  const line = element('p', 'charts-at');
+  const line = element('p', { class: 'charts-at' });
   const show = (...parts) => line.replaceChildren(...parts);
   return {
     line,
@@ -19,7 +19,7 @@ export function makeCursorLine(archive, view) {
 
 // The dates of the first and the last record in view.
 export function rangeText({ rows, lang, range }) {
-  const text = (at) => dateText(at, rows.kind, lang);
+  const text = (at) => dateText(at, rows.kind, lang).replace(' ', '\u00a0');
   const first = rows.times.find((at) => at >= range.min) ?? range.min;
   const last = lastUpTo(rows.times, range.max) ?? range.max;
   return `${text(first)} – ${text(last)}`;
@@ -27,18 +27,23 @@ export function rangeText({ rows, lang, range }) {
 
 function partsAt(plot, archive, view) {
   const record = view.rows.records[plot.cursor.idx];
-  const at = record < 0 ? plot.posToVal(plot.cursor.left, 'x') : plot.data[0][plot.cursor.idx];
-  const time = element('time', '', dateText(at, view.rows.kind, view.lang));
+  const at = record < 0 ? missingPeriod(plot, view.rows) : plot.data[0][plot.cursor.idx];
+  const time = element('time', {}, dateText(at, view.rows.kind, view.lang));
   const told = record < 0 ? [chartTexts[view.lang].noRecord] : codeParts(archive, record);
   return [time, ...spaced(told), ...spaced(changeParts(plot, view))];
+}
+
+// Where nothing is, the cursor is not drawn to a record: the period nearest to it.
+function missingPeriod(plot, { seconds }) {
+  return Math.round(plot.posToVal(plot.cursor.left, 'x') / seconds) * seconds;
 }
 
 const spaced = (parts) => parts.flatMap((part) => [' · ', part]);
 
 function codeParts(archive, record) {
   return codesOf(archive, record).map(({ caption, value }) => {
-    const unusual = Number(value) !== 0 && value !== '';
-    return element('span', unusual ? 'charts-unusual' : '', foreign(caption), ' ', foreign(value));
+    const name = isUnusual(value) ? 'charts-unusual' : null;
+    return element('span', { class: name }, foreign(caption), ' ', foreign(value));
   });
 }
 

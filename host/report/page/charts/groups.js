@@ -18,7 +18,8 @@ const QUANTITIES = [
 ];
 const AMOUNTS = ['volume', 'working volume', 'mass', 'heat'];
 
-// Returns [{title, steps, fromZero, series: [{column, record values, drawn, leftOut, lonely, style}]}].
+// Returns [{title, steps, series: [{column, values, drawn, leftOut, lonely, style}]}]. steps:
+// whether its values are amounts that stand over intervals; values by record, drawn by row.
 export function groupsOf(archive, rows, lang) {
   const groups = new Map();
   archive.columns.forEach((column, i) => {

@@ -14,6 +14,7 @@ const PIPES = {
   'gas 4': { name: 'gas-4', width: 1.5, dash: [2, 2.5] },
 };
 const NO_PIPE = { name: 'whole', width: 1.75, dash: [] };
+const CHART_COLOURS = ['ink', 'grid', 'situation', 'change'];
 const EVERY = [...Object.values(PIPES), NO_PIPE];
 
 // Returns {name, width, dash} for each; a second column of the same pipe takes what is free.
@@ -33,6 +34,6 @@ export function coloursAt(element) {
   const read = (name) => computed.getPropertyValue(name).trim();
   const colours = {};
   for (const style of EVERY) colours[style.name] = read(propertyOf(style));
-  for (const name of ['ink', 'grid', 'situation', 'change']) colours[name] = read(`--chart-${name}`);
+  for (const name of CHART_COLOURS) colours[name] = read(`--chart-${name}`);
   return colours;
 }

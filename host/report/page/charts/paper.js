@@ -1,7 +1,7 @@
 // The charts for print: drawn anew, larger and in the colours of paper, and shown instead of those
 // of the screen, which stay as they are.
 import uPlot from 'uplot';
-import { element } from './elements.js';
+import { element } from '../dom.js';
 import { coloursAt } from './palette.js';
 import { labelOf, plotData, plotOptions } from './plot.js';
 
@@ -21,9 +21,9 @@ function paperChart(group, view) {
   const labels = group.series.map((series) => labelOf(series, view.lang));
   return element(
     'figure',
-    'chart-paper',
-    element('figcaption', 'chart-title', group.title),
-    element('div', 'chart-legend', ...labels),
+    { class: 'chart-paper' },
+    element('figcaption', { class: 'chart-title' }, group.title),
+    element('div', { class: 'chart-legend' }, ...labels),
     drawnCanvas(group, view),
   );
 }

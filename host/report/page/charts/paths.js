@@ -19,21 +19,22 @@ export function stepPaths(rows) {
   return (plot, at, first, last) => {
     if (isDense(plot, rows)) return line(plot, at, first, last);
     const stroke = new Path2D();
-    const x = (seconds) => plot.valToPos(seconds, 'x', true);
     let joined = false;
     for (let i = first; i <= last; i += 1) {
       const value = plot.data[at][i];
-      if (value !== null) addStep(stroke, x(rows.starts[i]), x(rows.ends[i]), plot.valToPos(value, 'y', true), joined);
+      if (value !== null) addStep(stroke, plot, value, rows.starts[i], rows.ends[i], joined);
       joined = value !== null;
     }
     return { stroke, fill: null, clip: null, band: null, gaps: null, flags: 0 };
   };
 }
 
-function addStep(path, left, right, y, joined) {
+function addStep(path, plot, value, start, end, joined) {
+  const y = plot.valToPos(value, 'y', true);
+  const left = plot.valToPos(start, 'x', true);
   if (joined) path.lineTo(left, y);
   else path.moveTo(left, y);
-  path.lineTo(right, y);
+  path.lineTo(plot.valToPos(end, 'x', true), y);
 }
 
 export const linePaths = line;

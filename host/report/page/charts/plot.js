@@ -1,11 +1,12 @@
 // One chart, on the screen or on paper: what uPlot is told.
 import uPlot from 'uplot';
+import { element, foreign } from '../dom.js';
 import { pipeText } from '../texts/charts.js';
-import { element, foreign, lineSample } from './elements.js';
 import { drawMarks } from './marks.js';
 import { numberText } from './numbers.js';
 import { propertyOf } from './palette.js';
 import { dots, linePaths, stepPaths } from './paths.js';
+import { lineSample } from './samples.js';
 import { timeLabels, timeSteps, timeTicks } from './time_axis.js';
 import { rangeOfAmounts, rangeOfStates, valueLabels } from './value_axis.js';
 
@@ -14,12 +15,13 @@ import { rangeOfAmounts, rangeOfStates, valueLabels } from './value_axis.js';
 // on the screen everything is drawn.
 export function plotOptions(group, view, size) {
   const { scale } = size;
+  const series = group.series.map((each) => seriesOptions(each, group, view, scale));
   return {
     width: Math.round(size.width),
     height: Math.round(size.height),
     padding: [8 * scale, 18 * scale, 0, 0],
     scales: scalesOf(group, view.range),
-    series: [{}, ...group.series.map((series) => seriesOptions(series, group, view, scale))],
+    series: [{ value: () => '' }, ...series],
     axes: [timeAxis(view, scale), valueAxis(view, scale)],
     hooks: { draw: [(plot) => drawMarks(plot, view.marks, view.colours(), scale)] },
   };
@@ -57,7 +59,8 @@ export function nameOf({ column }, lang) {
 export function labelOf(series, lang) {
   const sample = lineSample(series.style, propertyOf(series.style));
   const pipe = pipeText(series.column.pipe, lang);
-  return element('span', 'chart-label', sample, foreign(series.column.caption), pipe && ` · ${pipe}`);
+  const caption = foreign(series.column.caption);
+  return element('span', { class: 'chart-label' }, sample, caption, pipe && ` · ${pipe}`);
 }
 
 // The value as it was kept, even where it was not drawn.

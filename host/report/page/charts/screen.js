@@ -1,7 +1,7 @@
 // A chart on the screen: its heading, its legend of live values and what hands do to it.
 import uPlot from 'uplot';
+import { element } from '../dom.js';
 import { chartTexts } from '../texts/charts.js';
-import { element } from './elements.js';
 import { dragCursor, listenToKeys } from './gestures.js';
 import { nameOf, plotData, plotOptions } from './plot.js';
 
@@ -15,9 +15,10 @@ export function sizeFor(width) {
 // view as for plotOptions, and {sync: name of the shared cursor, zoom, onCursor(plot)}.
 export function showChart(group, view, width) {
   const texts = chartTexts[view.lang];
-  const legend = element('div', 'chart-legend');
-  const area = element('div', 'chart-area');
-  const chart = element('figure', 'chart', element('figcaption', 'chart-title', group.title), legend, area);
+  const legend = element('div', { class: 'chart-legend' });
+  const area = element('div', { class: 'chart-area' });
+  const title = element('figcaption', { class: 'chart-title' }, group.title);
+  const chart = element('figure', { class: 'chart' }, title, legend, area);
   addNote(chart, group, texts);
   const options = { ...plotOptions(group, view, sizeFor(width)), ...handling(view, legend) };
   options.hooks = { ...options.hooks, ...hooks(view) };
@@ -31,7 +32,7 @@ export function showChart(group, view, width) {
 
 function addNote(chart, group, texts) {
   const leftOut = group.series.reduce((sum, series) => sum + series.leftOut, 0);
-  if (leftOut) chart.append(element('p', 'chart-note', texts.notDrawn(leftOut)));
+  if (leftOut) chart.append(element('p', { class: 'chart-note' }, texts.notDrawn(leftOut)));
 }
 
 // What is done to one chart is done to all by the view; only the cursor goes by uPlot's own way.

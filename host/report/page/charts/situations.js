@@ -26,8 +26,8 @@ export function situationRanges(archive, rows = rowsOf(archive)) {
   return ranges;
 }
 
-function isUnusual(value) {
-  return value !== null && value !== '' && Number(value) !== 0;
+export function isUnusual(value) {
+  return value != null && value !== '' && Number(value) !== 0;
 }
 
 // Returns [{caption, value}] of a record's codes.

@@ -1,6 +1,9 @@
 // The range and the labels of a chart's values.
 import { decimalsOfStep, numberText } from './numbers.js';
 
+// A share of the value: what hardly moves is not shown as if it did, and labels stay short.
+const LEAST_SPAN = 0.01;
+
 // Amounts are read against zero; a temperature or a pressure by how it moves.
 export function rangeOfAmounts(plot, min, max) {
   if (min == null || max == null) return [0, 1];
@@ -12,8 +15,9 @@ export function rangeOfAmounts(plot, min, max) {
 
 export function rangeOfStates(plot, min, max) {
   if (min == null || max == null) return [0, 1];
-  const span = max - min || Math.abs(max) * 0.1 || 1;
-  return [min - span * 0.08, max + span * 0.08];
+  const span = Math.max(max - min, Math.max(Math.abs(min), Math.abs(max)) * LEAST_SPAN) || 1;
+  const middle = (min + max) / 2;
+  return [middle - span * 0.58, middle + span * 0.58];
 }
 
 export function valueLabels(lang) {
@@ -27,7 +31,10 @@ export function labelLetters(groups, lang) {
   return Math.max(4, ...lengths);
 }
 
+// The label of the largest value, with a sign, and with the decimals of the smallest step.
 function lettersOf(series, lang) {
   const largest = series.drawn.reduce((most, value) => Math.max(most, Math.abs(value ?? 0)), 0);
-  return numberText(-largest * 1.08, largest < 0.5 ? 3 : largest < 5 ? 2 : largest < 50 ? 1 : 0, lang).length;
+  if (largest === 0) return 0;
+  const decimals = Math.max(0, -Math.floor(Math.log10((largest * LEAST_SPAN) / 5)));
+  return numberText(-largest * 1.08, decimals, lang).length;
 }

@@ -25,7 +25,6 @@ export const chartTexts = {
     notDrawn: (count) => `Values beyond reason, not drawn: ${count}`,
     zoomIn: 'Zoom in',
     zoomOut: 'Zoom out',
-    all: 'All',
     nothing: 'No values to draw.',
     toggle: (name) => `Show or hide ${name}`,
     chart: (title) =>
@@ -82,11 +81,11 @@ export const chartTexts = {
     notDrawn: (count) => `Значений вне разумных пределов, не показано: ${count}`,
     zoomIn: 'Крупнее',
     zoomOut: 'Мельче',
-    all: 'Всё',
     nothing: 'Нет значений для графиков.',
     toggle: (name) => `Показать или скрыть ${name}`,
     chart: (title) =>
-      `График: ${title}. Стрелки влево и вправо сдвигают время, плюс и минус меняют масштаб, ноль показывает всё.`,
+      `График: ${title}. Стрелки влево и вправо сдвигают время, плюс и минус меняют масштаб, ` +
+      'ноль показывает всё.',
   },
 };
 
