@@ -34,8 +34,7 @@ export function textOfTime(seconds, kind) {
 }
 
 function readOrNothing(archive) {
-  const values = archive.columns.map(() => []);
-  const nothing = { times: new Float64Array(0), periods: [], values };
+  const nothing = { times: new Float64Array(0), periods: [], values: archive.columns.map(() => []) };
   if (archive.data == null) return nothing;
   try {
     return read(archive);
@@ -65,21 +64,14 @@ function summedUp(steps) {
 }
 
 function ascends(periods) {
-  const follows = (number, i) => i === 0 || number > periods[i - 1];
-  return periods.every((number, i) => Number.isInteger(number) && follows(number, i));
+  return periods.every((number, i) => Number.isInteger(number) && (i === 0 || number > periods[i - 1]));
 }
 
-// Texts stand as they are; numbers as differences of scaled integers. What is too large to be an
-// exact integer is not what the next value differs from: it would take the exact ones along.
+// Texts stand as they are; numbers as differences of scaled integers.
 function valuesOf(column, given) {
   if (column.decimals == null) return given;
   const scale = 10 ** Math.abs(column.decimals);
-  const scaled = column.decimals < 0 ? (whole) => whole * scale : (whole) => whole / scale;
-  let base = 0;
-  return given.map((step) => {
-    if (step === null) return null;
-    const whole = base + step;
-    if (Number.isSafeInteger(whole)) base = whole;
-    return scaled(whole);
-  });
+  const scaled = column.decimals < 0 ? (sum) => sum * scale : (sum) => sum / scale;
+  let sum = 0;
+  return given.map((step) => (step === null ? null : scaled((sum += step))));
 }

@@ -4,6 +4,7 @@ import { decode, timeOfPeriod } from '../data.js';
 
 // Beyond what any meter counts: a broken number that would flatten everything else.
 const BEYOND_REASON = 1e10;
+const SECONDS = { hours: 3600, days: 86400, months: 28 * 86400 };
 
 // Returns {kind, times, starts, ends, records, seconds, min, max}. records: the record's index
 // in the archive or -1; starts and ends: the interval that the row's amounts were counted in;
@@ -30,13 +31,16 @@ function timesOf({ kind, endDated }, numbers) {
   const at = (shift) => numbers.map((number) => timeOfPeriod(kind, number + shift));
   const starts = at(endDated ? -1 : 0);
   const ends = at(endDated ? 0 : 1);
+  const seconds = SECONDS[kind];
+  // A record or two would stand at the very edges.
+  const margin = numbers.length < 4 ? seconds : 0;
   return {
     times: at(0),
     starts,
     ends,
-    seconds: { hours: 3600, days: 86400, months: 28 * 86400 }[kind],
-    min: starts[0] ?? 0,
-    max: ends[ends.length - 1] ?? 1,
+    seconds,
+    min: (starts[0] ?? 0) - margin,
+    max: (ends[ends.length - 1] ?? 1) + margin,
   };
 }
 

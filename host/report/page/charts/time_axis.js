@@ -53,12 +53,9 @@ function monthTicks(min, max, months) {
 export function timeLabels(lang, scale) {
   return (plot, ticks, axis, space, step) => {
     const lower = ticks.map((at) => lowerLabel(at, step, lang));
-    const changes = lower.map((text, i) => i > 0 && text !== lower[i - 1]);
-    return ticks.map((at, i) => {
-      const wanted = changes[i] || (i === 0 && !changes[1]);
-      const upper = upperLabel(at, step, lang);
-      return wanted && lower[i] && hasRoom(plot, at, scale) ? `${upper}\n${lower[i]}` : upper;
-    });
+    const changes = (i) => lower[i] !== lower[i - 1] && hasRoom(plot, ticks[i], scale);
+    const shown = ticks.map((at, i) => lower[i] && (i > 0 ? changes(i) : !changes(1)));
+    return ticks.map((at, i) => upperLabel(at, step, lang) + (shown[i] ? `\n${lower[i]}` : ''));
   };
 }
 

@@ -93,9 +93,14 @@ export const chartTexts = {
 export function unitText(unit, lang) {
   if (!unit) return '';
   const [first, ...rest] = unit.split(' ');
-  return [chartTexts[lang].units[first] ?? first, ...rest].join(' ');
+  return [wordOf(chartTexts[lang].units, first), ...rest].join(' ');
 }
 
 export function pipeText(pipe, lang) {
-  return chartTexts[lang].pipes[pipe] ?? pipe ?? '';
+  return wordOf(chartTexts[lang].pipes, pipe ?? '');
+}
+
+// A text that is in no table stays as it is, even if every object has a member of its name.
+function wordOf(words, text) {
+  return Object.hasOwn(words, text) ? words[text] : text;
 }
