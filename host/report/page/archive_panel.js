@@ -10,10 +10,13 @@ import { words } from './texts/index.js';
 
 const FIRST_RANGE = { hours: 'month', days: 'year', months: 'all' };
 
-// Parameter changes of a part of the instrument, to be marked on the axis.
+// Parameter changes of a part of the instrument, and of what is common to all parts, to be marked
+// on the axis.
 export function changeMarks(instrument, part) {
+  const others = new Set(instrument.archives.map(({ system }) => partOf(system)));
+  others.delete(part);
   return instrument.changes
-    .filter(({ system }) => partOf(system) === part || !system)
+    .filter(({ system }) => !others.has(partOf(system)))
     .map((change) => ({
       time: secondsOf(change.time ?? change.noticed),
       text: `${change.caption || change.field}: ${change.former ?? words.none} → ` +

@@ -9,7 +9,7 @@ import { words } from './texts/index.js';
 
 const STATES = ['kept', 'missing', 'absent', 'unasked'];
 const CELL = 4;  // of the picture's own units
-const CELL_PIXELS = { hours: 2, days: 10, months: 36 };
+const CELL_PIXELS = { hours: 0.9, days: 10, months: 36 };
 const MOST_CELL_PIXELS = { hours: 3, days: 10, months: 36 };
 const TALL_PIXELS = { hours: 3, days: 4, months: 8 };
 

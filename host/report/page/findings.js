@@ -24,8 +24,10 @@ function periodOf({ from, to, kind }) {
   return to && to !== from ? `${first} – ${timeOf(to, kind)}` : first;
 }
 
-function sectionOf({ system, kind }) {
-  return [system, wordOf(words.archive.kinds, kind ?? '').toLowerCase()].filter(Boolean).join(' ');
+function sectionNodes({ system, kind }) {
+  if (!system && !kind) return null;
+  return element('span', {}, foreign(system), ' ',
+    foreign(wordOf(words.archive.kinds, kind ?? '').toLowerCase()));
 }
 
 function findingItem(finding, show) {
@@ -33,7 +35,7 @@ function findingItem(finding, show) {
     element('div', { class: 'what' },
       element('strong', {}, foreign(wordOf(words.rules, finding.rule ?? ''))),
       finding.note && element('span', { class: 'chip order' }, words.instrument.note),
-      element('span', { class: 'where' }, foreign(sectionOf(finding))),
+      sectionNodes(finding),
       element('span', { class: 'nowrap' }, foreign(periodOf(finding)))),
     element('div', {}, foreign(sentenceOf(finding))),
     show && finding.from && button(words.instrument.show, () => show(finding),

@@ -8,13 +8,15 @@ import { element, foreign, section } from './dom.js';
 import { findingsSection } from './findings.js';
 import { agoText, clockText, dateText, numberText } from './formats.js';
 import { logsSection } from './logs.js';
-import { resultOf, situationsText } from './overview.js';
+import { resultOf, situationNodes } from './overview.js';
 import { changesSection, parametersSection } from './parameters.js';
 import { stateChips } from './state_chips.js';
 import { words } from './texts/index.js';
 
-export function nameOf({ model, serial }) {
-  return `${model || words.instrument.unknownModel} ${words.number} ${serial || words.none}`;
+// As nodes: the number keeps its direction whatever the model's name is made of.
+export function nameNodes({ model, serial }) {
+  return [foreign(model || words.instrument.unknownModel), ` ${words.number} `,
+    foreign(serial || words.none)];
 }
 
 function neighbour(given, index, text, className) {
@@ -61,7 +63,7 @@ function identity(instrument, facts) {
     [text.failed, failures(instrument)],
     [text.clock, clockText(instrument.difference)],
     [columns.missing, numberText(facts.missing)],
-    [columns.situation, situationsText(facts.situations)],
+    [columns.situation, situationNodes(facts.situations)],
   ]));
 }
 
@@ -70,7 +72,7 @@ export function sectionsOf(given, index, show) {
   const instrument = given.instruments[index];
   const facts = factsOf(instrument, given);
   const head = element('header', { class: 'masthead' },
-    element('h1', {}, foreign(nameOf(instrument)), ' ', stateChips(facts.states)));
+    element('h1', {}, nameNodes(instrument), ' ', stateChips(facts.states)));
   return {
     before: [head, identity(instrument, facts), currentSection(instrument)],
     after: [coverageSection(instrument), findingsSection(instrument, show),

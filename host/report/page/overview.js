@@ -37,7 +37,7 @@ const COLUMNS = [
   { name: 'findings', number: true, falling: true, key: (row) => row.facts.findings,
     show: showFindings },
   { name: 'situation', falling: true, key: (row) => row.facts.situations.length,
-    show: (row) => situationsText(row.facts.situations) },
+    show: (row) => situationNodes(row.facts.situations) },
 ];
 
 function showState(row) {
@@ -76,9 +76,10 @@ function showFindings({ facts }) {
     element('small', {}, ' ', words.overview.notes(facts.notes))];
 }
 
-export function situationsText(situations) {
+export function situationNodes(situations) {
   if (situations.length === 0) return words.none;
-  return foreign(situations.map(({ system, code }) => `${system}: ${code}`).join(', '));
+  return situations.map(({ system, code }, i) =>
+    [i > 0 && ', ', foreign(system), ': ', foreign(code)]);
 }
 
 function compare(one, other) {

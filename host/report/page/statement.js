@@ -30,13 +30,12 @@ function head(instrument, part, month, gas) {
   const text = words.statement;
   const { model, serial, version, place } = instrument;
   const title = (gas ? text.gasTitle : text.title)(monthName(month));
-  const named = `${model || ''} ${words.number} ${serial || words.none}`;
   return element('header', {},
     element('h1', {}, title),
     element('dl', {},
       blank(text.consumer), blank(text.address), blank(text.contract),
-      line(gas ? text.corrector : text.meter, foreign(named),
-        version && [`, ${words.version} `, foreign(version)]),
+      line(gas ? text.corrector : text.meter, foreign(model), ` ${words.number} `,
+        foreign(serial || words.none), version && [`, ${words.version} `, foreign(version)]),
       line(text.system, foreign(part)),
       line(text.place, foreign(place || words.none))));
 }
@@ -154,10 +153,11 @@ function statement(given, instrument, part) {
   const wide = month.columns.length > MOST_COLUMNS_UPRIGHT;
   const content = empty
     ? element('p', { class: 'empty' }, words.statement.noArchive)
-    : [dayTable(month), footnotes(month), summary(month, days)];
+    : [dayTable(month), footnotes(month)];
+  const readings = counterReadings(instrument, part, given.statement, days);
   return element('article', { class: wide ? 'statement wide' : 'statement' },
     head(instrument, part.part, given.statement, isGas(month)), content,
-    counters(counterReadings(instrument, part, given.statement, days)),
+    element('div', { class: 'below' }, !empty && summary(month, days), counters(readings)),
     logEntries(logsOfMonth(instrument, part.part, given.statement)),
     signatures(), origin(given));
 }

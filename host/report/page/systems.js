@@ -1,7 +1,7 @@
 // The parts of an instrument, as its archives, values and logs name them.
 
-// A K7 instrument names the kind of a section behind its part: "ТВ1 Контрольный".
-const KINDS = / (Тотальный|Контрольный|Изменения|События)$/;
+// Some sections name what they hold behind the part: "ТВ1 Контрольный", "ТВ1 НС".
+const KINDS = / (Тотальный|Контрольный|Изменения|События|ИЗМ|НС)$/;
 
 export function partOf(system) {
   return String(system ?? '').replace(KINDS, '');
