@@ -6,7 +6,7 @@ import { fillPaper } from './charts/paper.js';
 import { rowsOf } from './charts/rows.js';
 import { markSample } from './charts/samples.js';
 import { showChart, sizeFor } from './charts/screen.js';
-import { situationRanges } from './charts/situations.js';
+import { toldRanges } from './charts/situations.js';
 import { labelLetters } from './charts/value_axis.js';
 import { makeZoom } from './charts/zoom.js';
 import { decode } from './data.js';
@@ -51,12 +51,11 @@ function showNothing(place, lang) {
 
 // What all charts of the archive have in common.
 function viewOf(archive, rows, groups, options) {
-  const situations = situationRanges(archive, rows);
   return {
     lang: options.lang,
     rows,
     letters: labelLetters(groups, options.lang),
-    marks: { situations, changes: options.marks?.changes ?? [] },
+    marks: { ...toldRanges(archive, rows), changes: options.marks?.changes ?? [] },
     sync: `charts ${(shown += 1)}`,
   };
 }
@@ -102,11 +101,9 @@ function headOf(line, { lang, zoom }) {
 
 // What the marks on the axes mean, where there are any.
 function keyOf({ lang, marks }) {
-  const { situationMark, changeMark } = chartTexts[lang];
-  const entries = [];
-  const add = (kind, text) => entries.push(element('span', {}, markSample(kind), ' ', text));
-  if (marks.situations.length) add('situation', situationMark);
-  if (marks.changes.length) add('change', changeMark);
+  const texts = chartTexts[lang].marks;
+  const kinds = Object.keys(texts).filter((kind) => marks[kind].length > 0);
+  const entries = kinds.map((kind) => element('span', {}, markSample(kind), ' ', texts[kind]));
   return element('p', { class: 'charts-key' }, ...entries);
 }
 

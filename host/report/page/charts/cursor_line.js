@@ -29,7 +29,8 @@ function partsAt(plot, archive, view) {
   const record = view.rows.records[plot.cursor.idx];
   const at = record < 0 ? missingPeriod(plot, view.rows) : plot.data[0][plot.cursor.idx];
   const time = element('time', {}, dateText(at, view.rows.kind, view.lang));
-  const told = record < 0 ? [chartTexts[view.lang].noRecord] : codeParts(archive, record);
+  const texts = chartTexts[view.lang];
+  const told = record < 0 ? [texts.noRecord] : codeParts(archive, record, texts);
   return [time, ...spaced(told), ...spaced(changeParts(plot, view))];
 }
 
@@ -40,10 +41,10 @@ function missingPeriod(plot, { seconds }) {
 
 const spaced = (parts) => parts.flatMap((part) => [' · ', part]);
 
-function codeParts(archive, record) {
-  return codesOf(archive, record).map(({ caption, value }) => {
-    const name = isUnusual(value) ? 'charts-unusual' : null;
-    return element('span', { class: name }, foreign(caption), ' ', foreign(value));
+function codeParts(archive, record, texts) {
+  return codesOf(archive, record).map(({ name, value }) => {
+    const look = isUnusual(value) ? `charts-${name}` : null;
+    return element('span', { class: look }, texts[name], ' ', foreign(value));
   });
 }
 

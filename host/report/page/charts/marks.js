@@ -1,7 +1,11 @@
-// What stands on the time axis: a band for unusual situations, an arrow for a changed parameter.
+// What stands on the time axis: a band for unusual situations, a thinner one for diagnostic codes,
+// an arrow for a changed parameter.
 import uPlot from 'uplot';
 
-const BAND = 4;
+// Below the axis, in pixels from it.
+const SITUATIONS = { top: 1, height: 4 };
+const DIAGNOSTICS = { top: 6, height: 2 };
+const BANDS = 8;
 const ARROW = 5;
 
 export function drawMarks(plot, marks, colours, scale) {
@@ -9,20 +13,21 @@ export function drawMarks(plot, marks, colours, scale) {
   const { ctx, bbox } = plot;
   ctx.save();
   ctx.beginPath();
-  ctx.rect(bbox.left, bbox.top, bbox.width, bbox.height + (BAND + 1) * ratio);
+  ctx.rect(bbox.left, bbox.top, bbox.width, bbox.height + BANDS * ratio);
   ctx.clip();
-  drawSituations(plot, marks.situations, colours.situation, ratio);
-  drawChanges(plot, marks.changes, colours.change, ratio);
+  drawBand(plot, marks.situations, colours.situations, SITUATIONS, ratio);
+  drawBand(plot, marks.diagnostics, colours.diagnostics, DIAGNOSTICS, ratio);
+  drawChanges(plot, marks.changes, colours.changes, ratio);
   ctx.restore();
 }
 
-function drawSituations({ ctx, bbox, valToPos }, ranges, colour, ratio) {
+function drawBand({ ctx, bbox, valToPos }, ranges, colour, { top, height }, ratio) {
   ctx.fillStyle = colour;
   const bottom = bbox.top + bbox.height;
   for (const { from, to } of ranges) {
     const left = valToPos(from, 'x', true);
     const width = Math.max(valToPos(to, 'x', true) - left, 1.5 * ratio);
-    ctx.fillRect(left, bottom + ratio, width, BAND * ratio);
+    ctx.fillRect(left, bottom + top * ratio, width, height * ratio);
   }
 }
 

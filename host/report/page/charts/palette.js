@@ -14,7 +14,7 @@ const PIPES = {
   'gas 4': { name: 'gas-4', width: 1.5, dash: [2, 2.5] },
 };
 const NO_PIPE = { name: 'whole', width: 1.75, dash: [] };
-const CHART_COLOURS = ['ink', 'grid', 'situation', 'change'];
+const CHART_COLOURS = ['ink', 'grid', 'situations', 'diagnostics', 'changes'];
 const EVERY = [...Object.values(PIPES), NO_PIPE];
 
 // Returns {name, width, dash} for each; a second column of the same pipe takes what is free.

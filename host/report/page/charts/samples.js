@@ -21,8 +21,9 @@ export function lineSample(style, property) {
 }
 
 const MARKS = {
-  situation: () => svgElement('rect', { x: 0, y: 3, width: 18, height: 4 }),
-  change: () => svgElement('path', { d: 'M9 9 L4 1 L14 1 Z' }),
+  situations: () => svgElement('rect', { x: 0, y: 3, width: 18, height: 4 }),
+  diagnostics: () => svgElement('rect', { x: 0, y: 4, width: 18, height: 2 }),
+  changes: () => svgElement('path', { d: 'M9 9 L4 1 L14 1 Z' }),
 };
 
 export function markSample(kind) {

@@ -1,21 +1,26 @@
 // When an instrument told of unusual situations.
 import { decode } from '../data.js';
-import { rowsOf } from './rows.js';
 
-const CODES = ['situation code', 'diagnostic code'];
+const SITUATION = 'situation code';
+const DIAGNOSTIC = 'diagnostic code';
 
-// Where an archive has no codes, the time that situations lasted tells of them.
-export function situationColumns(archive) {
-  const having = (quantities) =>
-    archive.columns.flatMap((column, i) => (quantities.includes(column.quantity) ? [i] : []));
-  const codes = having(CODES);
-  return codes.length ? codes : having(['time of situations']);
+function valuesOf(archive, quantity) {
+  const { values } = decode(archive);
+  return values.filter((_, i) => archive.columns[i].quantity === quantity);
 }
 
-// Returns [{from, to}] in seconds: neighbouring intervals in one.
-export function situationRanges(archive, rows = rowsOf(archive)) {
-  const { values } = decode(archive);
-  const columns = situationColumns(archive).map((i) => values[i]);
+// Returns {situations, diagnostics}, [{from, to}] in seconds each: neighbouring intervals in one.
+// Where an archive has no codes, the time that situations lasted tells of them.
+export function toldRanges(archive, rows) {
+  const codes = valuesOf(archive, SITUATION);
+  const columns = codes.length ? codes : valuesOf(archive, 'time of situations');
+  return {
+    situations: rangesOf(columns, rows),
+    diagnostics: rangesOf(valuesOf(archive, DIAGNOSTIC), rows),
+  };
+}
+
+function rangesOf(columns, rows) {
   const ranges = [];
   rows.records.forEach((record, i) => {
     if (record < 0 || !columns.some((column) => isUnusual(column[record]))) return;
@@ -30,11 +35,12 @@ export function isUnusual(value) {
   return value != null && value !== '' && Number(value) !== 0;
 }
 
-// Returns [{caption, value}] of a record's codes.
+// Returns [{name, value}] of a record's codes, name "situation" or "diagnostic". Instruments give
+// both codes one caption.
 export function codesOf(archive, record) {
-  const { values } = decode(archive);
-  return archive.columns.flatMap((column, i) => {
-    const value = CODES.includes(column.quantity) ? values[i][record] : null;
-    return value == null ? [] : [{ caption: column.caption, value: String(value) }];
-  });
+  const told = (name, quantity) =>
+    valuesOf(archive, quantity)
+      .filter((column) => column[record] != null)
+      .map((column) => ({ name, value: String(column[record]) }));
+  return [...told('situation', SITUATION), ...told('diagnostic', DIAGNOSTIC)];
 }
