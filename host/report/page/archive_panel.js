@@ -25,6 +25,12 @@ export function changeMarks(instrument, part) {
     .filter(({ time }) => time != null);
 }
 
+// The archive that a finding is about: a control archive is one of days as well.
+function archiveOf({ system, kind }, { archives }) {
+  const alike = archives.filter((archive) => archive.kind === kind);
+  return alike.find((archive) => archive.system === system) ?? alike[0];
+}
+
 function choice(name, label, choices, chosen, choose) {
   return element('div', { class: `choice ${name}`, role: 'group', 'aria-label': label },
     choices.map(({ value, text }) => button(text, () => choose(value), {
@@ -149,7 +155,7 @@ class ArchivePanel {
     const to = secondsOf(finding.to) ?? from;
     if (!part || from == null) return;
     this.part = part;
-    const archive = part.archives.find((each) => each.kind === finding.kind) ??
+    const archive = archiveOf(finding, part) ??
       (part.archives.includes(this.archive) ? this.archive : part.archives[0]);
     this.showArchive(archive, paddedRange(from, to, archive.kind));
     this.node.scrollIntoView({ block: 'start' });

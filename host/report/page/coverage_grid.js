@@ -14,10 +14,6 @@ function monthOf(date) {
   return date.getUTCFullYear() * 12 + date.getUTCMonth();
 }
 
-function dayOf(year) {
-  return Date.UTC(year, 0, 1) / 86400e3;
-}
-
 // columnOf and rowOf of an interval; heightOf a column; groupOf: the strip that a column is in.
 const GRIDS = {
   hours: {
@@ -26,8 +22,6 @@ const GRIDS = {
     rowOf: (interval) => interval % 24,
     heightOf: () => 24,
     groupOf: (column) => dateOf('days', column).getUTCFullYear(),
-    firstColumn: (year) => dayOf(year),
-    columnsOf: (year) => dayOf(year + 1) - dayOf(year),
   },
   days: {
     rows: 31,
@@ -97,8 +91,7 @@ export function stripsOf(archive) {
   return groups.map((group) => {
     const own = rectangles.filter((each) => each.group === group);
     const last = own.reduce((most, { column, width }) => Math.max(most, column + width), 0);
-    const first = grid.firstColumn ? grid.firstColumn(group) : own[0].column;
-    const columns = grid.columnsOf ? grid.columnsOf(group) : last - first;
-    return { group, first, columns, rows: grid.rows, rectangles: own };
+    const first = own[0].column;
+    return { group, first, columns: last - first, rows: grid.rows, rectangles: own };
   });
 }

@@ -4,14 +4,17 @@ import { stripsOf } from './coverage_grid.js';
 import { timeOfPeriod } from './data.js';
 import { element, foreign, section, svgElement } from './dom.js';
 import { numberText, recordTime, shortMonth } from './formats.js';
-import { kindOf, partOf } from './systems.js';
+import { kindOf, partOf, partsOf } from './systems.js';
 import { words } from './texts/index.js';
 
 const STATES = ['kept', 'missing', 'absent', 'unasked'];
 const CELL = 4;  // of the picture's own units
-const CELL_PIXELS = { hours: 0.9, days: 10, months: 36 };
-const MOST_CELL_PIXELS = { hours: 3, days: 10, months: 36 };
+const WIDE_PIXELS = { hours: 3, days: 10, months: 36 };
 const TALL_PIXELS = { hours: 3, days: 4, months: 8 };
+// Hours of a year, which share the width of the page where it is narrow.
+const LEAST_PIXELS_OF_DAY = 0.9;
+const DAYS_OF_YEAR = 366;
+const LEAST_PIXELS = 36;
 
 function stateWord(state) {
   return words.coverage[STATES[state]] ?? words.none;
@@ -57,9 +60,15 @@ function label(text, share) {
   return node;
 }
 
+// Of the months that begin in a strip of days; of the one that it begins in where none does.
 function dayLabels({ group, first, columns }) {
-  return Array.from({ length: 12 }, (_, month) =>
-    label(shortMonth(month), (Date.UTC(group, month, 1) / 86400e3 - first) / columns));
+  const labels = [];
+  for (let month = 0; month < 12; ++month) {
+    const share = (Date.UTC(group, month, 1) / 86400e3 - first) / columns;
+    if (share >= 0 && share < 1) labels.push(label(shortMonth(month), share));
+  }
+  const begin = new Date(first * 86400e3).getUTCMonth();
+  return labels.length > 0 ? labels : [label(shortMonth(begin), 0)];
 }
 
 function yearLabels({ first, columns }, perYear) {
@@ -75,6 +84,13 @@ function labelsOf(kind, strip) {
   return yearLabels(strip, kind === 'days' ? 12 : 1);
 }
 
+function setWidth(box, kind, columns) {
+  const pixels = (width) => `${Math.max(columns * width, LEAST_PIXELS)}px`;
+  box.style.maxWidth = pixels(WIDE_PIXELS[kind]);
+  if (kind === 'hours') box.style.width = `${(columns / DAYS_OF_YEAR) * 100}%`;
+  box.style.minWidth = pixels(kind === 'hours' ? LEAST_PIXELS_OF_DAY : WIDE_PIXELS[kind]);
+}
+
 function drawStrip(archive, strip, summary) {
   const { columns, rows } = strip;
   const drawing = svgElement('svg', {
@@ -85,8 +101,7 @@ function drawStrip(archive, strip, summary) {
   }, strip.rectangles.map((rectangle) => drawRectangle(archive, strip, rectangle)));
   const box = element('div', { class: 'strip' }, drawing,
     element('div', { class: 'labels', 'aria-hidden': 'true' }, labelsOf(archive.kind, strip)));
-  box.style.minWidth = `${Math.max(columns * CELL_PIXELS[archive.kind], 32)}px`;
-  box.style.maxWidth = `${Math.max(columns * MOST_CELL_PIXELS[archive.kind], 32)}px`;
+  setWidth(box, archive.kind, columns);
   drawing.style.height = `${rows * TALL_PIXELS[archive.kind]}px`;
   return [strip.group != null && element('div', { class: 'group' }, String(strip.group)), box];
 }
@@ -118,7 +133,8 @@ function legend() {
 }
 
 export function coverageSection(instrument) {
-  const known = instrument.archives.filter(({ coverage }) => coverage?.ranges?.length > 0);
+  const known = partsOf(instrument).flatMap(({ archives }) => archives)
+    .filter(({ coverage }) => coverage?.ranges?.length > 0);
   const content = known.length > 0
     ? [legend(), element('div', { class: 'maps' }, known.map(drawMap))]
     : element('p', { class: 'empty' }, words.coverage.none);

@@ -1,11 +1,11 @@
 // The values of the last reading that brought any: those of the moment, and totals apart.
 import { element, foreign, section } from './dom.js';
-import { dateText, meaningOf, unitOf, valueText } from './formats.js';
+import { dateText, fieldText, meaningOf, unitOf } from './formats.js';
 import { partOf } from './systems.js';
 import { words } from './texts/index.js';
 
 function valueRow(field) {
-  const text = valueText(field.value, field.decimals);
+  const text = fieldText(field.value, field);
   return element('tr', {},
     element('th', { scope: 'row' }, foreign(field.caption || field.field),
       element('small', {}, ' ', foreign(meaningOf(field)))),

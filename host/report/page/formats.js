@@ -38,6 +38,14 @@ export function valueText(value, decimals = null) {
   return typeof value === 'number' ? numberText(value, decimals) : String(value);
 }
 
+const CODES = new Set(['mode code', 'situation code', 'diagnostic code', 'flag', 'setting']);
+
+// A value of a column; codes are no amounts, so their digits stand together.
+export function fieldText(value, { quantity, decimals }) {
+  const isCode = CODES.has(quantity) && Number.isInteger(value);
+  return isCode ? String(value) : valueText(value, decimals);
+}
+
 export function unitOf(unit) {
   return unitText(unit, language);
 }

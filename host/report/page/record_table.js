@@ -1,6 +1,6 @@
 // The records behind the charts: hours month by month, days year by year.
 import { button, element, foreign, lazyDetails, scrollBox } from './dom.js';
-import { captionOf, dateText, meaningOf, monthName, numberText, recordTime, valueText }
+import { captionOf, dateText, fieldText, meaningOf, monthName, numberText, recordTime }
   from './formats.js';
 import { isAmount, isMean, meanOf, sumOf } from './sums.js';
 import { textOfTime } from './data.js';
@@ -34,7 +34,7 @@ function usedColumns(archive, data) {
 
 function cell(column, value) {
   const isText = column.field.decimals == null;
-  const text = isText ? foreign(dateText(value)) : valueText(value, column.field.decimals);
+  const text = isText ? foreign(dateText(value)) : fieldText(value, column.field);
   return element('td', { class: isText ? null : 'number' }, text);
 }
 

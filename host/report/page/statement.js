@@ -1,6 +1,6 @@
 // Monthly statements, one for each part of each instrument, as they are filed on paper.
 import { button, element, foreign, scrollBox, section } from './dom.js';
-import { captionOf, dateText, meaningOf, monthName, numberText, unitOf,
+import { captionOf, dateText, fieldText, meaningOf, monthName, numberText, unitOf,
   valueText }
   from './formats.js';
 import { logTable } from './logs.js';
@@ -51,7 +51,7 @@ function dayRow({ day, values, summed }, columns) {
       element('td', { colspan: columns.length }, words.noData));
   }
   return element('tr', {}, name, columns.map((field) =>
-    element('td', { class: 'number' }, valueText(values.get(field.field), field.decimals))));
+    element('td', { class: 'number' }, fieldText(values.get(field.field), field))));
 }
 
 function footRow(title, { rows, columns }, applies, calculate) {
@@ -106,27 +106,30 @@ function summary(month, days) {
     line(text.situations, situationsText(situationCounts(month, days)))));
 }
 
-// A counter's row: its readings, and what it counted between them.
-function counterRow(field, readings) {
-  const values = readings.map(({ fields }) =>
-    fields.find((each) => each.field === field.field)?.value ?? null);
-  const both = values.length === 2 && values.every((value) => typeof value === 'number');
-  const cell = (value) => element('td', { class: 'number' }, valueText(value, field.decimals));
-  return element('tr', {},
-    element('th', { scope: 'row' }, foreign(captionOf(field))),
-    values.map(cell), values.length === 2 && cell(both ? values[1] - values[0] : null));
+function counterRow(title, fields, values) {
+  return element('tr', {}, element('th', { scope: 'row' }, title), values.map((value, i) =>
+    element('td', { class: 'number' }, valueText(value, fields[i].decimals))));
 }
 
+function differences([first, last]) {
+  return first.map((value, i) =>
+    typeof value === 'number' && typeof last[i] === 'number' ? last[i] - value : null);
+}
+
+// The readings of the counters, and below them what they counted between two of them.
 function counters(readings) {
   if (readings.length === 0) return null;
   const text = words.statement;
-  const fields = readings[0].fields.filter(({ decimals }) => decimals != null);
-  const heads = [...readings.map(({ time }) => dateText(time)),
-    readings.length === 2 && text.difference].filter(Boolean);
+  const fields = readings[0].fields;
+  const values = readings.map((reading) => fields.map(({ field }) =>
+    reading.fields.find((each) => each.field === field)?.value ?? null));
   return section('counters', text.totals, scrollBox(element('table', {},
     element('thead', {}, element('tr', {}, element('th', { scope: 'col' }, text.counter),
-      heads.map((name) => element('th', { scope: 'col', class: 'number' }, name)))),
-    element('tbody', {}, fields.map((field) => counterRow(field, readings))))));
+      fields.map((field) =>
+        element('th', { scope: 'col', class: 'number' }, foreign(captionOf(field)))))),
+    element('tbody', {},
+      readings.map(({ time }, i) => counterRow(dateText(time), fields, values[i])),
+      values.length === 2 && counterRow(text.difference, fields, differences(values))))));
 }
 
 function logEntries(logs) {
@@ -157,7 +160,7 @@ function statement(given, instrument, part) {
   const readings = counterReadings(instrument, part, given.statement, days);
   return element('article', { class: wide ? 'statement wide' : 'statement' },
     head(instrument, part.part, given.statement, isGas(month)), content,
-    element('div', { class: 'below' }, !empty && summary(month, days), counters(readings)),
+    !empty && summary(month, days), counters(readings),
     logEntries(logsOfMonth(instrument, part.part, given.statement)),
     signatures(), origin(given));
 }

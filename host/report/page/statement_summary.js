@@ -46,11 +46,17 @@ export function workingTime({ rows, columns }) {
   return { hours: sumOf(values, field), decimals: field.decimals };
 }
 
+const COUNTED = new Set(['volume', 'working volume', 'mass', 'heat', 'working time']);
+
+function isCounter({ span, quantity }) {
+  return span === 'total' && COUNTED.has(quantity);
+}
+
 // Readings of the counters within the month: [{time: text, fields: [field with value]}].
 function currentTotals(instrument, part, month) {
   return instrument.current
     .filter(({ system, time }) => partOf(system) === part && String(time).startsWith(month))
-    .map(({ time, values }) => ({ time, fields: values.filter(({ span }) => span === 'total') }))
+    .map(({ time, values }) => ({ time, fields: values.filter(isCounter) }))
     .filter(({ fields }) => fields.length > 0);
 }
 
@@ -66,7 +72,7 @@ function controlTotals(archives, days) {
     const values = source.values(day);
     const fields = control.columns.map((field, i) => ({ ...field, value: values[i] }));
     return { time: new Date(day * 86400e3).toISOString().slice(0, 10),
-      fields: fields.filter(({ span }) => span === 'total') };
+      fields: fields.filter(isCounter) };
   });
 }
 
