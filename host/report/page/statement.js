@@ -1,6 +1,7 @@
 // Monthly statements, one for each part of each instrument, as they are filed on paper.
+import { timeOfPeriod } from './data.js';
 import { button, element, foreign, scrollBox, section } from './dom.js';
-import { captionOf, dateText, fieldText, meaningOf, monthName, numberText, unitOf,
+import { captionOf, dateText, fieldText, meaningOf, monthName, numberText, recordTime, unitOf,
   valueText }
   from './formats.js';
 import { logTable } from './logs.js';
@@ -41,7 +42,7 @@ function head(instrument, part, month, gas) {
 }
 
 function dayName(day) {
-  return dateText(new Date(day * 86400e3).toISOString().slice(0, 10));
+  return recordTime(timeOfPeriod('days', day), 'days');
 }
 
 function dayRow({ day, values, summed }, columns) {
@@ -116,6 +117,10 @@ function differences([first, last]) {
     typeof value === 'number' && typeof last[i] === 'number' ? last[i] - value : null);
 }
 
+function readingTime({ time, endOfDay }) {
+  return endOfDay ? words.statement.endOfDay(dateText(time)) : dateText(time);
+}
+
 // The readings of the counters, and below them what they counted between two of them.
 function counters(readings) {
   if (readings.length === 0) return null;
@@ -128,7 +133,7 @@ function counters(readings) {
       fields.map((field) =>
         element('th', { scope: 'col', class: 'number' }, foreign(captionOf(field)))))),
     element('tbody', {},
-      readings.map(({ time }, i) => counterRow(dateText(time), fields, values[i])),
+      readings.map((reading, i) => counterRow(readingTime(reading), fields, values[i])),
       values.length === 2 && counterRow(text.difference, fields, differences(values))))));
 }
 

@@ -1,10 +1,11 @@
 // What a statement says below its table.
-import { decode } from './data.js';
+import { decode, textOfTime } from './data.js';
 import { sumOf } from './sums.js';
 import { byInterval } from './statement_rows.js';
 import { kindOf, partOf } from './systems.js';
 
 const HOURS_OF_DAY = 24;
+const SECONDS_OF_DAY = 86400;
 
 function isSituationColumn(field) {
   return field.quantity === 'situation code';
@@ -52,7 +53,7 @@ function isCounter({ span, quantity }) {
   return span === 'total' && COUNTED.has(quantity);
 }
 
-// Readings of the counters within the month: [{time: text, fields: [field with value]}].
+// Readings of the counters within the month: [{time: text, endOfDay, fields: [field with value]}].
 function currentTotals(instrument, part, month) {
   return instrument.current
     .filter(({ system, time }) => partOf(system) === part && String(time).startsWith(month))
@@ -60,18 +61,18 @@ function currentTotals(instrument, part, month) {
     .filter(({ fields }) => fields.length > 0);
 }
 
+// The totals of a control archive stand as they did when the day was over.
 function controlTotals(archives, days) {
   const control = archives.find((archive) => kindOf(archive) === 'control');
   if (!control || decode(control).periods.length === 0) return [];
   const source = byInterval(control);
   const totals = [];
-  for (let day = days.first; day < days.end; ++day) {
-    if (source.has(day)) totals.push({ day, source });
-  }
-  return [totals[0], totals[totals.length - 1]].filter(Boolean).map(({ day }) => {
+  // The month begins with the end of the day before it.
+  for (let day = days.first - 1; day < days.end; ++day) if (source.has(day)) totals.push(day);
+  return [totals[0], totals[totals.length - 1]].filter((day) => day != null).map((day) => {
     const values = source.values(day);
     const fields = control.columns.map((field, i) => ({ ...field, value: values[i] }));
-    return { time: new Date(day * 86400e3).toISOString().slice(0, 10),
+    return { time: textOfTime(day * SECONDS_OF_DAY, 'days'), endOfDay: true,
       fields: fields.filter(isCounter) };
   });
 }

@@ -111,7 +111,8 @@ export const en = {
     system: 'System',
     kind: 'Archive',
     range: 'Period',
-    kinds: { hours: 'Hours', days: 'Days', months: 'Months', control: 'Control', current: 'Current values' },
+    kinds: { hours: 'Hours', days: 'Days', months: 'Months', control: 'Control',
+      current: 'Current values' },
     ranges: { day: 'day', week: 'week', month: 'month', year: 'year', all: 'all' },
     back: 'Earlier',
     forward: 'Later',
@@ -131,7 +132,9 @@ export const en = {
     absent: 'not held by the instrument',
     unasked: 'never asked for',
     share: (kept, all) => `${kept} of ${all} kept`,
-    parts: [null, (n) => `${n} without answer`, (n) => `${n} not held`, (n) => `${n} not asked for`],
+    // By state; what is kept is told by share.
+    parts: [null, (n) => `${n} without answer`, (n) => `${n} not held`,
+      (n) => `${n} not asked for`],
     state: (state, from, to, n) => `${state}: ${from}${to ? ` to ${to}` : ''} (${records(n)})`,
   },
 
@@ -180,6 +183,7 @@ export const en = {
     totals: 'Counter totals',
     counter: 'Counter',
     difference: 'Difference',
+    endOfDay: (day) => `end of ${day}`,
     log: 'Log entries of the month',
     supplier: 'Supplier',
     consumerSign: 'Consumer',

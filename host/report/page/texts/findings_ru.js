@@ -51,7 +51,9 @@ function situations({ records, kind, text }) {
 
 function replaced({ text }) {
   const named = /^it has replaced (.+) at (.+)$/.exec(text ?? '');
-  return named ? `заменил прибор ${named[1].replace(', number ', ' № ')}; место: ${named[2]}` : text;
+  if (!named) return text;
+  const [, instrument, place] = named;
+  return `заменил прибор ${instrument.replace(', number ', ' № ')}; место: ${place}`;
 }
 
 export const sentences = {

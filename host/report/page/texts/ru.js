@@ -136,6 +136,7 @@ export const ru = {
     absent: 'нет в приборе',
     unasked: 'не запрашивалось',
     share: (kept, all) => `есть ${kept} из ${all}`,
+    // By state; what is kept is told by share.
     parts: [null, (n) => `без ответа ${n}`, (n) => `нет в приборе ${n}`,
       (n) => `не запрошено ${n}`],
     state: (state, from, to, n) => `${state}: ${from}${to ? ` – ${to}` : ''} (${records(n)})`,
@@ -209,6 +210,7 @@ export const ru = {
     totals: 'Показания счётчиков',
     counter: 'Счётчик',
     difference: 'Разность',
+    endOfDay: (day) => `конец ${day}`,
     log: 'Записи журналов за месяц',
     supplier: 'Теплоснабжающая организация',
     consumerSign: 'Потребитель',
