@@ -2,8 +2,9 @@
 // of the screen, which stay as they are.
 import uPlot from 'uplot';
 import { element } from '../dom.js';
+import { chartTexts } from '../texts/charts.js';
 import { coloursAt } from './palette.js';
-import { labelOf, plotData, plotOptions } from './plot.js';
+import { labelOf, noteOf, plotData, plotOptions } from './plot.js';
 
 const CSS_DPI = 96;
 const PAPER_DPI = 216;
@@ -25,6 +26,7 @@ function paperChart(group, view) {
     element('figcaption', { class: 'chart-title' }, group.title),
     element('div', { class: 'chart-legend' }, ...labels),
     drawnCanvas(group, view),
+    noteOf(group, chartTexts[view.lang]),
   );
 }
 

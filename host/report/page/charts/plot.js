@@ -56,6 +56,12 @@ export function nameOf({ column }, lang) {
   return [column.caption, pipeText(column.pipe, lang)].filter(Boolean).join(' · ');
 }
 
+// What a chart does not show, or null.
+export function noteOf(group, texts) {
+  const leftOut = group.series.reduce((sum, series) => sum + series.leftOut, 0);
+  return leftOut ? element('p', { class: 'chart-note' }, texts.notDrawn(leftOut)) : null;
+}
+
 export function labelOf(series, lang) {
   const sample = lineSample(series.style, propertyOf(series.style));
   const pipe = pipeText(series.column.pipe, lang);

@@ -3,7 +3,7 @@ import uPlot from 'uplot';
 import { element } from '../dom.js';
 import { chartTexts } from '../texts/charts.js';
 import { dragCursor, listenToKeys } from './gestures.js';
-import { nameOf, plotData, plotOptions } from './plot.js';
+import { nameOf, noteOf, plotData, plotOptions } from './plot.js';
 
 // Below this width of the page a chart has less height too.
 const NARROW = 520;
@@ -18,8 +18,7 @@ export function showChart(group, view, width) {
   const legend = element('div', { class: 'chart-legend' });
   const area = element('div', { class: 'chart-area' });
   const title = element('figcaption', { class: 'chart-title' }, group.title);
-  const chart = element('figure', { class: 'chart' }, title, legend, area);
-  addNote(chart, group, texts);
+  const chart = element('figure', { class: 'chart' }, title, legend, area, noteOf(group, texts));
   const options = { ...plotOptions(group, view, sizeFor(width)), ...handling(view, legend) };
   options.hooks = { ...options.hooks, ...hooks(view) };
   const plot = new uPlot(options, plotData(group, view.rows), area);
@@ -28,11 +27,6 @@ export function showChart(group, view, width) {
   listenToKeys(area, view.zoom);
   dragCursor(plot);
   return { chart, plot };
-}
-
-function addNote(chart, group, texts) {
-  const leftOut = group.series.reduce((sum, series) => sum + series.leftOut, 0);
-  if (leftOut) chart.append(element('p', { class: 'chart-note' }, texts.notDrawn(leftOut)));
 }
 
 // What is done to one chart is done to all by the view; only the cursor goes by uPlot's own way.

@@ -3,6 +3,7 @@ import { decimalsOfStep, numberText } from './numbers.js';
 
 // A share of the value: what hardly moves is not shown as if it did, and labels stay short.
 const LEAST_SPAN = 0.01;
+const MOST_STEPS = 5;
 
 // Amounts are read against zero; a temperature or a pressure by how it moves.
 export function rangeOfAmounts(plot, min, max) {
@@ -27,14 +28,18 @@ export function valueLabels(lang) {
 
 // All charts have axes of one width, so that their times stand below each other.
 export function labelLetters(groups, lang) {
-  const lengths = groups.flatMap((group) => group.series.map((series) => lettersOf(series, lang)));
-  return Math.max(4, ...lengths);
+  return Math.max(4, ...groups.map((group) => lettersOf(group, lang)));
 }
 
 // The label of the largest value, with a sign, and with the decimals of the smallest step.
-function lettersOf(series, lang) {
-  const largest = series.drawn.reduce((most, value) => Math.max(most, Math.abs(value ?? 0)), 0);
+function lettersOf({ steps, series }, lang) {
+  const largest = Math.max(...series.map(({ drawn }) => largestOf(drawn)));
   if (largest === 0) return 0;
-  const decimals = Math.max(0, -Math.floor(Math.log10((largest * LEAST_SPAN) / 5)));
+  const step = (steps ? largest : largest * LEAST_SPAN) / MOST_STEPS;
+  const decimals = Math.min(Math.max(0, -Math.floor(Math.log10(step))), 6);
   return numberText(-largest * 1.08, decimals, lang).length;
+}
+
+function largestOf(values) {
+  return values.reduce((most, value) => Math.max(most, Math.abs(value ?? 0)), 0);
 }
