@@ -50,7 +50,7 @@ function instrumentOnPaper(given, instrument, index) {
     .map((part) => partOnPaper(given, instrument, part))
     .filter(Boolean);
   const { before, after } = sectionsOf(given, index, null);
-  const node = element('main', { class: 'instrument' }, before,
+  const node = element('div', { class: 'instrument' }, before,
     parts.map((part) => part.node), after);
   return { node, start: () => parts.forEach((part) => part.start()) };
 }

@@ -86,7 +86,7 @@ export function instrumentView(given, index) {
   const panel = archivePanel(instrument, given.lang);
   const show = instrument.archives.length > 0 ? (finding) => panel.showFinding(finding) : null;
   const { before, after } = sectionsOf(given, index, show);
-  const node = element('main', { class: 'instrument' },
+  const node = element('div', { class: 'instrument' },
     navigation(given, index), before, panel.node, after);
   return { node, start: () => panel.start() };
 }

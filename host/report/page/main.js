@@ -12,7 +12,7 @@ import { statementView } from './statement.js';
 import { useLanguage, words } from './texts/index.js';
 
 const given = readGiven(document.getElementById('data').textContent);
-const place = element('div', { class: 'report' });
+const place = element('main', { class: 'report' });
 
 // Returns {title, node, start}.
 function viewOf(address) {

@@ -176,11 +176,11 @@ export function overviewView(given) {
   const rows = given.instruments.map((instrument, index) => makeRow(instrument, index, given));
   const head = masthead(given, rows);
   if (rows.length === 0) {
-    return element('main', { class: 'overview' }, head,
+    return element('div', { class: 'overview' }, head,
       element('p', { class: 'empty' }, words.overview.nothing));
   }
   const body = element('tbody', {}, [...rows].sort(byAttention).map(({ node }) => node));
-  return element('main', { class: 'overview' }, head,
+  return element('div', { class: 'overview' }, head,
     rows.length > LEAST_TO_FILTER && filterBox(rows),
     scrollBox(element('table', {}, sortableHead(rows, body), body)));
 }

@@ -177,9 +177,9 @@ export function statementView(given) {
     return own.map((part) => statement(given, instrument, part));
   });
   if (statements.length === 0) {
-    return element('main', {}, element('p', { class: 'empty' }, words.statement.nothing));
+    return element('div', {}, element('p', { class: 'empty' }, words.statement.nothing));
   }
-  return element('main', { class: 'statements' },
+  return element('div', { class: 'statements' },
     element('nav', { class: 'screen-only' }, button(words.statement.print, () => print())),
     statements);
 }
