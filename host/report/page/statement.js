@@ -15,8 +15,9 @@ import { words } from './texts/index.js';
 const MOST_COLUMNS_UPRIGHT = 14;
 const OF_HOURS = '*';
 
-function isGas({ columns }) {
-  return columns.some(({ pipe }) => String(pipe ?? '').startsWith('gas'));
+function isGas({ archives }) {
+  return archives.some(({ columns }) =>
+    columns.some(({ pipe }) => String(pipe ?? '').startsWith('gas')));
 }
 
 function line(term, ...value) {
@@ -164,7 +165,7 @@ function statement(given, instrument, part) {
     : [dayTable(month), footnotes(month)];
   const readings = counterReadings(instrument, part, given.statement, days);
   return element('article', { class: wide ? 'statement wide' : 'statement' },
-    head(instrument, part.part, given.statement, isGas(month)), content,
+    head(instrument, part.part, given.statement, isGas(part)), content,
     !empty && summary(month, days), counters(readings),
     logEntries(logsOfMonth(instrument, part.part, given.statement)),
     signatures(), origin(given));
