@@ -34,44 +34,60 @@ export function textOfTime(seconds, kind) {
 }
 
 function readOrNothing(archive) {
-  const nothing = { times: new Float64Array(0), periods: [], values: archive.columns.map(() => []) };
-  if (archive.data == null) return nothing;
   try {
     return read(archive);
   } catch {
-    return { ...nothing, broken: true };
+    const values = archive.columns.map(() => []);
+    return { times: new Float64Array(0), periods: [], values, broken: true };
   }
 }
 
 function read(archive) {
   const packed = Uint8Array.from(atob(archive.data), (letter) => letter.charCodeAt(0));
-  const given = JSON.parse(new TextDecoder().decode(inflateSync(packed)));
-  const periods = summedUp(given.periods);
-  const values = archive.columns.map((column, i) => valuesOf(column, given.values[i]));
-  if (!ascends(periods) || values.some((list) => list.length !== periods.length)) {
-    throw new RangeError('records that do not belong together');
-  }
+  const numbers = archive.columns.filter((column) => column.bytes != null);
+  const widths = [archive.periodBytes, ...numbers.map((column) => column.bytes)];
+  const codes = codesOf(inflateSync(packed), widths, archive.records);
+  const periods = stepsSummedUp(codes[0], 0);
+  if (!ascends(periods)) throw new RangeError('records that are not in the order of time');
   return {
     times: Float64Array.from(periods, (number) => timeOfPeriod(archive.kind, number)),
     periods,
-    values,
+    values: archive.columns.map((column) =>
+      column.bytes == null
+        ? column.texts
+        : stepsSummedUp(codes[1 + numbers.indexOf(column)], column.decimals),
+    ),
   };
 }
 
-function summedUp(steps) {
+// The lowest bytes of all columns stand first, then the next ones.
+function codesOf(bytes, widths, records) {
+  if (bytes.length !== widths.reduce((sum, width) => sum + width, 0) * records) {
+    throw new RangeError('records that do not belong together');
+  }
+  const codes = widths.map(() => new Float64Array(records));
+  let at = 0;
+  for (let place = 0, weight = 1; at < bytes.length; ++place, weight *= 256) {
+    codes
+      .filter((_, column) => place < widths[column])
+      .forEach((column) => {
+        for (let i = 0; i < records; ++i) column[i] += bytes[at++] * weight;
+      });
+  }
+  return codes;
+}
+
+// 0 is no value, an odd code a step up, an even one a step down.
+function stepsSummedUp(codes, decimals) {
+  const scale = 10 ** Math.abs(decimals);
   let sum = 0;
-  return steps.map((step) => (sum += step));
+  return Array.from(codes, (code) => {
+    if (code === 0) return null;
+    sum += code % 2 === 1 ? (code - 1) / 2 : -code / 2;
+    return decimals < 0 ? sum * scale : sum / scale;
+  });
 }
 
 function ascends(periods) {
   return periods.every((number, i) => Number.isInteger(number) && (i === 0 || number > periods[i - 1]));
-}
-
-// Texts stand as they are; numbers as differences of scaled integers.
-function valuesOf(column, given) {
-  if (column.decimals == null) return given;
-  const scale = 10 ** Math.abs(column.decimals);
-  const scaled = column.decimals < 0 ? (sum) => sum * scale : (sum) => sum / scale;
-  let sum = 0;
-  return given.map((step) => (step === null ? null : scaled((sum += step))));
 }
