@@ -85,9 +85,11 @@ void PackedArchive::AddTo(Json& archive) const {
       continue;
     }
     packed.push_back(NumberColumn(column));
-    columns.push_back(column.about);
-    columns.back()["decimals"] = packed.back().decimals;
-    columns.back()["bytes"] = packed.back().bytes;
+    Json about = column.about;
+    about["decimals"] = column.decimals;
+    about["bytes"] = packed.back().bytes;
+    if (!packed.back().wild.empty()) about["wild"] = packed.back().wild;
+    columns.push_back(std::move(about));
   }
   archive["columns"] = std::move(columns);
   archive["records"] = Rows();

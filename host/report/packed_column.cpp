@@ -14,23 +14,12 @@ bool IsValue(const std::optional<double>& value) { return value && std::isfinite
 
 double Scale(double value, int decimals) { return value * std::pow(10, decimals); }
 
-int Fitting(const std::vector<std::optional<double>>& values, int decimals) {
-  double most = 0;
-  for (const auto& value : values) {
-    if (IsValue(value)) most = std::max(most, std::abs(*value));
-  }
-  while (Scale(most, decimals) > kMost) --decimals;
-  return decimals;
-}
-
 int DecimalsOfPressure(Unit unit) {
   if (unit == Unit::kKpa) return 1;
   return unit == Unit::kMpa ? 4 : 3;
 }
 
 struct Coder {
-  explicit Coder(int decimals) { packed.decimals = decimals; }
-
   void AddNone() { packed.codes.push_back(0); }
   void Add(std::int64_t value) {
     const std::int64_t step = value - before;
@@ -76,19 +65,21 @@ int DecimalsOf(const Field& field) {
 }
 
 PackedColumn Pack(const std::vector<std::optional<double>>& values, int decimals) {
-  Coder coder(Fitting(values, decimals));
-  for (const auto& value : values) {
-    if (IsValue(value)) {
-      coder.Add(std::llround(Scale(*value, coder.packed.decimals)));
-    } else {
-      coder.AddNone();
+  Coder coder;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const double scaled = IsValue(values[i]) ? Scale(*values[i], decimals) : 0;
+    if (IsValue(values[i]) && std::abs(scaled) <= kMost) {
+      coder.Add(std::llround(scaled));
+      continue;
     }
+    coder.AddNone();
+    if (IsValue(values[i])) coder.packed.wild.emplace_back(i, *values[i]);
   }
   return coder.packed;
 }
 
 PackedColumn Pack(const std::vector<PeriodNumber>& periods) {
-  Coder coder(0);
+  Coder coder;
   for (const PeriodNumber period : periods) coder.Add(period);
   return coder.packed;
 }

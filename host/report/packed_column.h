@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/fields/fields.h"
@@ -16,11 +17,12 @@ namespace host {
 int DecimalsOf(const Field& field);
 
 struct PackedColumn {
-  int decimals = 0;  // less than wanted where the numbers would be too large
   // 0: no value; else twice the step and 1, or for a step down twice its size. A step is the
   // value times ten to the power of decimals, less the last one before it that was there.
   std::vector<std::uint64_t> codes;
   unsigned bytes = 1;  // that the largest code takes
+  // Values beyond what such numbers can be, with their places; they have no code.
+  std::vector<std::pair<std::size_t, double>> wild;
 };
 
 // values: nothing, or not a number, where there is no value.

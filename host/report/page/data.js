@@ -55,7 +55,7 @@ function read(archive) {
     values: archive.columns.map((column) =>
       column.bytes == null
         ? column.texts
-        : stepsSummedUp(codes[1 + numbers.indexOf(column)], column.decimals),
+        : numbersOf(column, codes[1 + numbers.indexOf(column)]),
     ),
   };
 }
@@ -79,15 +79,21 @@ function codesOf(bytes, widths, records) {
 
 // 0 is no value, an odd code a step up, an even one a step down.
 function stepsSummedUp(codes, decimals) {
-  const scale = 10 ** Math.abs(decimals);
+  const scale = 10 ** decimals;
   let sum = 0;
   return Array.from(codes, (code) => {
     if (code === 0) return null;
     sum += code % 2 === 1 ? (code - 1) / 2 : -code / 2;
-    return decimals < 0 ? sum * scale : sum / scale;
+    return sum / scale;
   });
 }
 
+function numbersOf(column, codes) {
+  const values = stepsSummedUp(codes, column.decimals);
+  for (const [place, value] of column.wild ?? []) values[place] = value;
+  return values;
+}
+
 function ascends(periods) {
-  return periods.every((number, i) => Number.isInteger(number) && (i === 0 || number > periods[i - 1]));
+  return periods.every((number, i) => i === 0 || number > periods[i - 1]);
 }
