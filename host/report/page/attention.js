@@ -4,9 +4,9 @@ import { secondsOf } from './data.js';
 const SECONDS_OF_DAY = 86400;
 const MOST_DAYS_UNREAD = 3;
 
-export const MISSING = 1;
-export const ABSENT = 2;
-export const UNASKED = 3;
+const MISSING = 1;
+const ABSENT = 2;
+const UNASKED = 3;
 
 // The most urgent first. An instrument is in every state whose condition holds.
 const STATES = [

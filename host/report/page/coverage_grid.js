@@ -39,7 +39,7 @@ const GRIDS = {
   },
 };
 
-export function gridOf(kind) {
+function gridOf(kind) {
   return GRIDS[kind] ?? GRIDS.hours;
 }
 
@@ -72,7 +72,7 @@ function join(rectangles, next) {
 }
 
 // A record that is dated by the end of its interval stands where the interval was.
-export function rectanglesOfArchive({ kind, endDated, coverage }) {
+function rectanglesOfArchive({ kind, endDated, coverage }) {
   const grid = gridOf(kind);
   const all = [];
   let interval = coverage.first - (endDated ? 1 : 0);

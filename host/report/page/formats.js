@@ -65,7 +65,7 @@ export function dateText(text) {
   return time ? `${date} ${time}` : date;
 }
 
-export function isoOf(seconds) {
+function isoOf(seconds) {
   return new Date(seconds * 1000).toISOString().replace('T', ' ').slice(0, 19);
 }
 

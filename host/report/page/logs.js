@@ -17,7 +17,7 @@ export function logTable({ columns }, rows) {
     element('tbody', {}, rows.map(entryRow))));
 }
 
-export function newestFirst(rows) {
+function newestFirst(rows) {
   const timeOf = ([time]) => String(time ?? '');
   return [...rows].sort((one, other) => (timeOf(one) < timeOf(other) ? 1 : -1));
 }

@@ -7,8 +7,6 @@ const records = (n) => count(n, { one: 'record', other: 'records' });
 export const en = {
   none: '—',
   noData: 'no data',
-  yes: 'yes',
-  no: 'no',
   records,
   days: (n) => count(n, { one: 'day', other: 'days' }),
   instruments: (n) => count(n, { one: 'instrument', other: 'instruments' }),

@@ -8,8 +8,6 @@ const records = (n) => count(n, { one: 'запись', few: 'записи', many
 export const ru = {
   none: '—',
   noData: 'нет данных',
-  yes: 'да',
-  no: 'нет',
   records,
   days: (n) => count(n, { one: 'день', few: 'дня', many: 'дней', other: 'дня' }),
   instruments: (n) =>
