@@ -10,7 +10,7 @@ native_packages=(
 # What the tests look at the store with.
 database_packages=(sqlite3 postgresql)
 # What the tests look at the report's page with; the font has the letters of both languages.
-browser_packages=(chromium fonts-liberation)
+browser_packages=(chromium fonts-liberation poppler-utils)
 windows_packages=(g++-mingw-w64-i686-posix clang lld llvm libz-mingw-w64-dev)
 wine_packages=(wine wine32:i386)
 
