@@ -12,7 +12,6 @@
 #include "host/report/report.h"
 #include "host/report/shown_dates.h"
 #include "host/store/open_store.h"
-#include "host/stream/cell.h"
 #include "host/system/clock.h"
 #include "host/system/exit_codes.h"
 #include "host/system/files.h"
@@ -89,7 +88,7 @@ void ReportCommand::Finish() {
 Report ReportCommand::Make() const {
   const std::unique_ptr<Database> database = OpenStore(of_.db.value_or(""));
   ReportOptions options = options_;
-  options.made = DateText(TavOf(LocalNow()));
+  options.made = LocalNow();
   Screen screen;
   Report report;
   database->Read([&] {

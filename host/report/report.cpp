@@ -60,7 +60,7 @@ class ReportMaker {
       list.push_back(Instrument(sections));
     }
     return {{"lang", options_.language},
-            {"made", options_.made},
+            {"made", DateText(TavOf(options_.made))},
             {"program", IRVELA_VERSION},
             {"store", database_.Name()},
             {"clockLimit", options_.checks.clockLimit.count()},

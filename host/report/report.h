@@ -21,7 +21,7 @@ struct ReportOptions {
   // "2016-09": statements of that month instead of the report; the selection's dates are its own.
   std::string statement;
   CheckOptions checks;
-  std::string made;  // when, of this machine's clock
+  SYSTEMTIME made{};  // when, of this machine's clock
 };
 
 struct Report {

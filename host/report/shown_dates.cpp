@@ -27,9 +27,12 @@ std::optional<PeriodNumber> NewestDay(Database& database,
   return newest;
 }
 
-// A record that is dated by the end of the month belongs to it too.
+// A record that is dated by the end of the month belongs to it too; totals of the day before it are
+// what the month begins with.
 Selection MonthDates(Selection selection, PeriodNumber month) {
-  selection.from = BeginOf(Period::kMonth, month);
+  const SYSTEMTIME begin = BeginOf(Period::kMonth, month);
+  const PeriodNumber day = NumberOf(Period::kDay, TavOf(begin)).value_or(1);
+  selection.from = BeginOf(Period::kDay, day - 1);
   selection.to = BeginOf(Period::kMonth, month + 1);
   return selection;
 }
@@ -52,7 +55,9 @@ Selection ShownDates(Database& database, const std::vector<StoredSection>& secti
   Selection selection = options.selection;
   if (const auto month = MonthOf(options.statement)) return MonthDates(selection, *month);
   if (options.all || selection.from) return selection;
-  const auto newest = NewestDay(database, sections);
+  // What a wrong clock dated ahead of now leaves the year where it is.
+  const auto newest =
+      std::min(NewestDay(database, sections), NumberOf(Period::kDay, TavOf(options.made)));
   if (newest) selection.from = BeginOf(Period::kDay, *newest - kDaysOfYear);
   return selection;
 }

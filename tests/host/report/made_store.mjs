@@ -10,7 +10,7 @@ export class MadeStore {
   }
 
   // Six weeks of a meter of two systems, whose units were changed on the way, with records that were
-  // lost; a gas corrector; a meter of the newer protocol.
+  // lost and a value beyond reason; a gas corrector; a meter of the newer protocol.
   fill() {
     const meter = ['--simulate', '523', '--db', this.db];
     const lost = ['--fault', 'frozen:200:1', '--attempts', '1', '--retry-gaps', '0'];
@@ -20,6 +20,7 @@ export class MadeStore {
       this.read(['--simulate', model, '--db', this.db, '--clock', '2016-10-12 12:10:00',
         '--from', '2016-08-28'], 0);
     }
+    this.sql("UPDATE records_523_hours SET v1 = 3e38 WHERE time = '2016-09-07 08:00:00'");
   }
 
   read(options, expected) {
