@@ -98,7 +98,7 @@ TEST_CASE("what the option library finds is told in sentences") {
   const Case cases[] = {
       {{},
        "give a command, one of read, scan, replay, decode, list, show, gaps, params, check, "
-       "export, "
+       "report, export, "
        "import, explain, simulate, models (irvela --help tells more)"},
       {{"--all"}, "there is no option --all (irvela --help tells more)"},
       {{"read", "--number", "1"},
