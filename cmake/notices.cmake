@@ -1,12 +1,20 @@
-# Writes the notices file of an installation: a text of our own, and the copyright files of the
-# packages in NOTICE_PACKAGES. Run at installation, with NOTICES as the file's place.
+# Writes the notices file of an installation: a text of our own, the copyright files of the Debian
+# packages in NOTICE_PACKAGES, and the licences of the npm packages in NOTICE_MODULES, a folder each. Run
+# at installation, with NOTICES as the file's place.
 set(file $ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/${NOTICES})
 file(READ ${CMAKE_CURRENT_LIST_DIR}/notices.txt text)
 file(WRITE ${file} "${text}")
-foreach(package ${NOTICE_PACKAGES})
-  file(READ /usr/share/doc/${package}/copyright text)
-  string(LENGTH ${package} length)
+function(append_notice name source)
+  file(READ ${source} text)
+  string(LENGTH ${name} length)
   string(REPEAT = ${length} line)
-  file(APPEND ${file} "\n\n${package}\n${line}\n\n${text}")
+  file(APPEND ${file} "\n\n${name}\n${line}\n\n${text}")
+endfunction()
+foreach(package ${NOTICE_PACKAGES})
+  append_notice(${package} /usr/share/doc/${package}/copyright)
+endforeach()
+foreach(module ${NOTICE_MODULES})
+  get_filename_component(name ${module} NAME)
+  append_notice(${name} ${module}/LICENSE)
 endforeach()
 message(STATUS "Installing: ${file}")

@@ -2,6 +2,9 @@
 
 #include <cmath>
 
+#include "host/reading/periods.h"
+#include "host/stream/cell.h"
+
 namespace host {
 namespace {
 
@@ -29,10 +32,11 @@ Json JsonOf(const Finding& finding) {
 
 }  // namespace
 
-Json FindingsOf(const std::vector<Finding>& findings, long long instrument) {
+Json FindingsOf(const std::vector<Finding>& findings, const std::optional<SYSTEMTIME>& from) {
+  const std::string begin = from ? DateText(TavOf(*from)) : "";
   Json list = Json::array();
   for (const Finding& finding : findings) {
-    if (finding.section.instrument == instrument) list.push_back(JsonOf(finding));
+    if (finding.to >= begin) list.push_back(JsonOf(finding));
   }
   return list;
 }

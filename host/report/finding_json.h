@@ -8,7 +8,8 @@
 
 namespace host {
 
-// Those of an instrument: the list of "findings", see docs/report.md.
-nlohmann::ordered_json FindingsOf(const std::vector<Finding>& findings, long long instrument);
+// The list of "findings", see docs/report.md: those that end before a date are left out.
+nlohmann::ordered_json FindingsOf(const std::vector<Finding>& findings,
+                                  const std::optional<SYSTEMTIME>& from);
 
 }  // namespace host

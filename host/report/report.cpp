@@ -13,12 +13,15 @@
 #include "host/report/parameters_json.h"
 #include "host/report/shown_dates.h"
 #include "host/store/kept_rows.h"
+#include "host/stream/cell.h"
 
 namespace host {
 namespace {
 
 using Json = nlohmann::ordered_json;
 using Sections = std::vector<StoredSection>;
+
+std::string TextOf(const SYSTEMTIME& time) { return DateText(TavOf(time)); }
 
 Json JsonOf(const Coverage& coverage) {
   Json ranges = Json::array();
@@ -52,15 +55,15 @@ class ReportMaker {
       : database_(database), options_(options) {}
 
   Json Make(const ReportProgress& tell) {
-    const auto instruments = ByInstrument(FindSections(database_, options_.selection));
-    LookUp();
+    const std::vector<ShownInstrument> shown = ShownInstruments();
+    LookUp(shown);
     Json list = Json::array();
-    for (const Sections& sections : instruments) {
-      tell(list.size(), instruments.size());
-      list.push_back(Instrument(sections));
+    for (const ShownInstrument& instrument : shown) {
+      tell(list.size(), shown.size());
+      list.push_back(Instrument(instrument));
     }
     return {{"lang", options_.language},
-            {"made", DateText(TavOf(options_.made))},
+            {"made", TextOf(options_.made)},
             {"program", IRVELA_VERSION},
             {"store", database_.Name()},
             {"clockLimit", options_.checks.clockLimit.count()},
@@ -69,51 +72,77 @@ class ReportMaker {
   }
 
  private:
+  struct ShownInstrument {
+    Sections sections;
+    Selection dates;
+  };
+
   bool IsStatement() const { return !options_.statement.empty(); }
 
-  void LookUp() {
+  std::vector<ShownInstrument> ShownInstruments() {
+    std::vector<ShownInstrument> shown;
+    for (Sections& sections : ByInstrument(FindSections(database_, options_.selection))) {
+      Selection dates = ShownDates(database_, sections, options_);
+      shown.push_back({std::move(sections), std::move(dates)});
+    }
+    return shown;
+  }
+
+  // From the first of the dates that are shown.
+  Selection Looked(const std::vector<ShownInstrument>& shown) const {
+    Selection selection = options_.selection;
+    for (const ShownInstrument& instrument : shown) {
+      const auto& from = instrument.dates.from;
+      if (!from) continue;
+      const bool first = !selection.from || IsEarlier(TavOf(*from), TavOf(*selection.from));
+      if (first) selection.from = from;
+    }
+    return selection;
+  }
+
+  void LookUp(const std::vector<ShownInstrument>& shown) {
     for (SectionCoverage& archive : FindCoverage(database_, options_.selection)) {
       known_.coverage[archive.section.id] = std::move(archive.coverage);
     }
     if (IsStatement()) return;
-    known_.findings = Check(database_, options_.selection, options_.checks);
+    known_.findings = Check(database_, Looked(shown), options_.checks);
     known_.snapshots = FindSnapshots(database_, options_.selection);
   }
 
-  Json Instrument(const Sections& sections) {
+  Json Instrument(const ShownInstrument& instrument) {
+    const auto& [sections, dates] = instrument;
     const StoredSection& first = sections.front();
-    const Selection shown = ShownDates(database_, sections, options_);
     Json json = {{"serial", first.of.serial},
                  {"model", first.of.model},
                  {"version", first.of.version},
                  {"place", first.of.place}};
     AddReadings(database_, first, json);
-    json["current"] = CurrentValues(database_, sections, IsStatement() ? shown : options_.selection,
+    json["current"] = CurrentValues(database_, sections, IsStatement() ? dates : options_.selection,
                                     options_.units, IsStatement());
-    AddKnown(first.instrument, shown, json);
-    json["logs"] = Logs(database_, sections, shown, options_.units);
-    json["archives"] = Archives(sections, shown);
+    AddKnown(first.instrument, dates, json);
+    json["logs"] = Logs(database_, sections, dates, options_.units);
+    json["archives"] = Archives(sections, dates);
     return json;
   }
 
-  void AddKnown(long long instrument, const Selection& shown, Json& json) const {
+  void AddKnown(long long instrument, const Selection& dates, Json& json) const {
     const auto snapshots = OfInstrument(known_.snapshots, instrument);
     json["parameters"] = JsonOf(NewestSnapshots(snapshots, options_.selection.to));
-    json["changes"] = JsonOf(FindChanges(snapshots, shown.from, shown.to));
-    json["findings"] = FindingsOf(known_.findings, instrument);
+    json["changes"] = JsonOf(FindChanges(snapshots, dates.from, dates.to));
+    json["findings"] = FindingsOf(OfInstrument(known_.findings, instrument), dates.from);
   }
 
-  Json Archives(const Sections& sections, const Selection& shown) {
+  Json Archives(const Sections& sections, const Selection& dates) {
     Json archives = Json::array();
     for (const StoredSection& section : sections) {
       if (PeriodOf(section.kind) && !section.records.empty()) {
-        archives.push_back(ArchiveJson(section, shown));
+        archives.push_back(ArchiveJson(section, dates));
       }
     }
     return archives;
   }
 
-  Json ArchiveJson(const StoredSection& section, const Selection& shown) {
+  Json ArchiveJson(const StoredSection& section, const Selection& dates) {
     const Archive archive(section);
     const auto coverage = known_.coverage.find(section.id);
     Json json = {{"kind", KindName(section.kind)},
@@ -121,9 +150,9 @@ class ReportMaker {
                  {"endDated", archive.IntervalOf(0) < 0},
                  {"totals", archive.HoldsTotals()}};
     json["coverage"] =
-        coverage == known_.coverage.end() ? Json() : JsonOf(Clipped(coverage->second, shown));
+        coverage == known_.coverage.end() ? Json() : JsonOf(Clipped(coverage->second, dates));
     PackedArchive packed(archive.Kind(), options_.units);
-    TellKept(database_, {section}, shown, packed);
+    TellKept(database_, {section}, dates, packed);
     packed.AddTo(json);
     return json;
   }

@@ -47,9 +47,11 @@ class ArchivePanel {
     this.part = this.parts[0];
     this.archive = this.part?.archives[0];
     this.tools = element('div', { class: 'tools' });
+    this.chosen = element('p', { class: 'paper-only' });
     this.place = element('div', { class: 'chart-place' });
     this.table = element('div', { class: 'records' });
-    this.node = section('archive', words.archive.title, this.tools, this.place, this.table);
+    this.node = section('archive', words.archive.title, this.tools, this.chosen,
+      this.place, this.table);
   }
 
   // Once the panel is in the page, which gives the charts their width.
@@ -124,9 +126,11 @@ class ArchivePanel {
 
   makeTools() {
     const text = words.archive;
+    const kindName = (archive) => text.kinds[kindOf(archive)] ?? kindOf(archive);
+    this.chosen.replaceChildren(foreign(this.part.part), ` · ${kindName(this.archive)}`);
     const parts = this.parts.map((part) => ({ value: part, text: foreign(part.part) }));
     const kinds = this.part.archives.map((archive) =>
-      ({ value: archive, text: text.kinds[kindOf(archive)] ?? kindOf(archive) }));
+      ({ value: archive, text: kindName(archive) }));
     return [
       choice('parts', text.system, parts, this.part, (part) => this.choosePart(part)),
       choice('kinds', text.kind, kinds, this.archive, (archive) => this.showArchive(archive)),

@@ -155,7 +155,9 @@ test('it prints on whole pages', async () => {
   const before = await canvases();
   await print('instrument.pdf');
   assert.equal(await canvases(), before, 'what was drawn for print is still there');
-  assert.ok(printed('instrument.pdf').pages >= 2);
+  const sheets = printed('instrument.pdf');
+  assert.ok(sheets.pages >= 2);
+  assert.ok(sheets.texts.some((text) => /^ *ТВ1 · Hours$/m.test(text)), 'what is drawn is not told');
 
   await show(page, '#all');
   await print('all.pdf');
