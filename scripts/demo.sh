@@ -65,4 +65,7 @@ echo
 run gaps --db "$db"
 
 echo
-echo "The readings are in out/. Try: $irvela read --simulate 521 -v"
+run report --db "$db" -o out/demo.html
+
+echo
+echo "The readings are in out/; open out/demo.html in a browser. Try: $irvela read --simulate 521 -v"

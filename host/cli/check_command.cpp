@@ -35,7 +35,6 @@ class CheckCommand final : public Command {
 
 void CheckCommand::AddTo(CLI::App& app) {
   chosen_.AddTo(app);
-  app.remove_option(app.get_option("--groups"));
   app.add_option("--rule", rules_, "what to check, else everything; may be given again")
       ->transform(OneOf(RuleNames()))
       ->option_text("NAME");

@@ -48,6 +48,7 @@ class ExportCommand final : public Command {
 
 void ExportCommand::AddTo(CLI::App& app) {
   chosen_.AddTo(app);
+  chosen_.AddGroupsTo(app);
   app.add_option_function<std::string>(
          "--format", [this](const std::string& name) { form_ = kForms.at(name); },
          "csv, jsonl: an object a line, or influx: InfluxDB's line protocol")

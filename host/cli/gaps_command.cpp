@@ -45,6 +45,7 @@ class GapsCommand final : public Command {
 
 void GapsCommand::AddTo(CLI::App& app) {
   chosen_.AddTo(app);
+  chosen_.AddGroupsTo(app);
   app.add_option_function<std::string>(
          "--format", [this](const std::string& name) { format_ = kFormats.at(name); },
          "table, json, or map: a glyph for each record")

@@ -36,7 +36,6 @@ class ParamsCommand final : public Command {
 
 void ParamsCommand::AddTo(CLI::App& app) {
   chosen_.AddTo(app);
-  app.remove_option(app.get_option("--groups"));
   CLI::Option* at =
       app.add_option("--at", atText_, "as they were then, else as known last")->option_text("DATE");
   app.add_flag("--history", history_, "all that changed; with --from, --to what did then");

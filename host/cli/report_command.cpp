@@ -52,6 +52,7 @@ class ReportCommand final : public Command {
 
 void ReportCommand::AddTo(CLI::App& app) {
   chosen_.AddTo(app);
+  chosen_.AddGroupsTo(app);
   app.add_option("-o,--out", out_, "file, or -: the standard output")
       ->option_text("FILE")
       ->capture_default_str();

@@ -27,10 +27,13 @@ void SelectionParser::AddTo(CLI::App& app) {
       ->option_text("NUMBER");
   app.add_option("--system", selection.system, "part of the instrument: ТВ1; else all of them")
       ->option_text("NAME");
-  app.add_option("--groups", selection.groups, "letters as for read, else all")
-      ->option_text("LETTERS");
   app.add_option("--from", from_, "first moment; else all that is kept")->option_text("DATE");
   app.add_option("--to", to_, "last moment; a day means all of it")->option_text("DATE");
+}
+
+void SelectionParser::AddGroupsTo(CLI::App& app) {
+  app.add_option("--groups", choice_.selection.groups, "letters as for read, else all")
+      ->option_text("LETTERS");
 }
 
 void SelectionParser::Finish() {

@@ -23,6 +23,8 @@ class SelectionParser {
   explicit SelectionParser(StoreChoice& choice) : choice_(choice) {}
 
   void AddTo(CLI::App& app);
+  // Which kinds of sections, for commands that can leave some out.
+  void AddGroupsTo(CLI::App& app);
   // Throws UsageError.
   void Finish();
 

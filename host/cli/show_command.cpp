@@ -41,6 +41,7 @@ class ShowCommand final : public Command {
 
 void ShowCommand::AddTo(CLI::App& app) {
   chosen_.AddTo(app);
+  chosen_.AddGroupsTo(app);
   AddSinkOptions(app, sinks_);
   app.footer(
       "Examples:\n"

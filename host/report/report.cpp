@@ -7,10 +7,10 @@
 #include "host/checks/rules.h"
 #include "host/report/finding_json.h"
 #include "host/report/kept_values.h"
-#include "host/report/last_reading.h"
 #include "host/report/packed_archive.h"
 #include "host/report/page.h"
 #include "host/report/parameters_json.h"
+#include "host/report/readings_json.h"
 #include "host/report/shown_dates.h"
 #include "host/store/kept_rows.h"
 #include "host/stream/cell.h"
@@ -116,7 +116,7 @@ class ReportMaker {
                  {"model", first.of.model},
                  {"version", first.of.version},
                  {"place", first.of.place}};
-    AddReadings(database_, first, json);
+    AddReadings(FindRecentReadings(database_, first), json);
     json["current"] = CurrentValues(database_, sections, IsStatement() ? dates : options_.selection,
                                     options_.units, IsStatement());
     AddKnown(first.instrument, dates, json);
