@@ -59,7 +59,9 @@ class LogEntries final : public SectionListener {
 
   void BeginSection(const Section& section) override {
     Json captions = Json::array();
-    for (const Column& column : section.columns) captions.push_back(column.caption);
+    for (std::size_t i = 1; i < section.columns.size(); ++i) {
+      captions.push_back(section.columns[i].caption);
+    }
     Json log = {{"system", section.title.section}, {"columns", std::move(captions)}};
     log["rows"] = Json::array();
     list_.push_back(std::move(log));

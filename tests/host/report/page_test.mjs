@@ -201,6 +201,14 @@ test('a statement has a sheet for each heat system, and its sums are right', asy
   assert.deepEqual(complaints, []);
 });
 
+// Of every table: whether a row is not as wide as its head.
+const unevenTables = (page) => page.$$eval('table', (tables) => tables.filter((table) => {
+  const width = (row) => [...row.cells].reduce((sum, cell) => sum + cell.colSpan, 0);
+  const [head] = table.tHead?.rows ?? [];
+  return head && [...table.tBodies].some((body) =>
+    [...body.rows].some((row) => width(row) !== width(head)));
+}).map((table) => table.textContent.slice(0, 80)));
+
 // The store's own texts, made hostile: what instruments and settings may hold.
 test('hostile texts stay texts', async () => {
   const text = `</script><script>window.taken=1</script><img src=x onerror="window.taken=1">'"\u202e\u2028`;
@@ -225,6 +233,7 @@ test('hostile texts stay texts', async () => {
         images: document.images.length,
         texts: document.body.innerText.split('window.taken').length - 1,
       }));
+      assert.deepEqual(await unevenTables(page), []);
       assert.equal(found.taken, undefined);
       assert.deepEqual([found.scripts, found.images], [2, 0]);
       assert.ok(found.texts > 0, `${address} does not show them`);
