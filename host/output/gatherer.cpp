@@ -40,8 +40,8 @@ auto DateAt(const GatheredRow& row, std::size_t column) {
   const TAVDT* date = column < row.cells.size() ? std::get_if<TAVDT>(&row.cells[column]) : nullptr;
   const TAVDT time = date == nullptr ? TAVDT{} : *date;
   // Rows without a date stand last.
-  return std::tuple(date == nullptr, time.year, time.month, time.day, time.hour, time.minute,
-                    time.second);
+  return std::tuple(date == nullptr, unsigned{time.year}, time.month, time.day, time.hour,
+                    time.minute, time.second);
 }
 
 bool IsSameText(const GatheredRow& left, const GatheredRow& right) {

@@ -9,8 +9,8 @@ namespace host {
 namespace {
 
 bool IsSameDay(const TAVDT& left, const TAVDT& right) {
-  return std::tuple(left.year, left.month, left.day) ==
-         std::tuple(right.year, right.month, right.day);
+  return std::tuple(unsigned{left.year}, left.month, left.day) ==
+         std::tuple(unsigned{right.year}, right.month, right.day);
 }
 
 std::string TimeOfDay(const TAVDT& date) {
