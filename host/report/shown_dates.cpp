@@ -56,8 +56,8 @@ Selection ShownDates(Database& database, const std::vector<StoredSection>& secti
   if (const auto month = MonthOf(options.statement)) return MonthDates(selection, *month);
   if (options.all || selection.from) return selection;
   // What a wrong clock dated ahead of now leaves the year where it is.
-  const auto newest =
-      std::min(NewestDay(database, sections), NumberOf(Period::kDay, TavOf(options.made)));
+  const SYSTEMTIME end = selection.to.value_or(options.made);
+  const auto newest = std::min(NewestDay(database, sections), NumberOf(Period::kDay, TavOf(end)));
   if (newest) selection.from = BeginOf(Period::kDay, *newest - kDaysOfYear);
   return selection;
 }
