@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <stdexcept>
+#include <exception>
 #include <thread>
 #include <utility>
 
@@ -78,29 +78,31 @@ bool Reconnecting::Connect() {
   return true;
 }
 
-// An attempt may take seconds, for which a stop does not wait.
+// An attempt may take seconds, for which a stop does not wait. What came of it goes to the other
+// thread as a value: an exception would be owned by both.
 void Reconnecting::Begin() {
-  std::packaged_task<std::unique_ptr<Channel>()> task([open = open_, settings = settings_] {
-    auto channel = open();
-    if (!settings) return channel;
-    const std::string trouble = channel->Set(*settings);
-    if (!trouble.empty()) throw std::runtime_error(trouble);
-    return channel;
+  std::packaged_task<Opened()> task([open = open_, settings = settings_] {
+    try {
+      Opened opened{open(), {}};
+      if (settings) opened.trouble = opened.channel->Set(*settings);
+      return opened;
+    } catch (const std::exception& error) {
+      return Opened{nullptr, error.what()};
+    }
   });
   opening_ = task.get_future();
   std::thread(std::move(task)).detach();
 }
 
 bool Reconnecting::Finish() {
-  try {
-    channel_ = opening_.get();
-  } catch (const std::exception& error) {
-    SetTrouble(error.what());
+  Opened opened = opening_.get();
+  SetTrouble(opened.trouble);
+  if (opened.channel == nullptr || !opened.trouble.empty()) {
     next_ = Clock::now() + pause_;
     pause_ = std::min(pause_ * 2, kLongestPause);
     return false;
   }
-  SetTrouble({});
+  channel_ = std::move(opened.channel);
   DropOld();
   return channel_ != nullptr;
 }

@@ -33,7 +33,10 @@ class Reconnecting final : public Channel {
   std::string Trouble() const override;
 
  private:
-  using Opening = std::future<std::unique_ptr<Channel>>;
+  struct Opened {
+    std::unique_ptr<Channel> channel;
+    std::string trouble;  // not empty: it is of no use
+  };
 
   void Break(const std::string& trouble);
   bool Connect();
@@ -46,7 +49,7 @@ class Reconnecting final : public Channel {
   const LineReport report_;
   std::unique_ptr<Channel> channel_;  // null: the connection is gone
   std::optional<SerialSettings> settings_;
-  Opening opening_;
+  std::future<Opened> opening_;
   Clock::time_point next_;              // when the next attempt begins
   std::chrono::milliseconds pause_{0};  // before it
   std::atomic<bool> hurried_ = false;
