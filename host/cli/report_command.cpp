@@ -24,13 +24,21 @@ constexpr double kMegabyte = 1e6;
 // More than that is slow to mail and to open.
 constexpr double kLarge = 50;
 
-// An earlier page may be written over, another file may not.
-bool IsPage(const std::filesystem::path& path) {
-  constexpr std::string_view kBegin = "<!doctype html>";
+bool BeginsWith(const std::filesystem::path& path, std::string_view text) {
   std::ifstream file(path, std::ios::binary);
-  std::string begin(kBegin.size(), '\0');
+  std::string begin(text.size(), '\0');
   file.read(begin.data(), static_cast<std::streamsize>(begin.size()));
-  return begin == kBegin;
+  return begin == text;
+}
+
+// An earlier page is written over, another file only by force, and a store never: it may be the one
+// that is read, which nobody wants to lose.
+void RequireFree(const std::string& out, bool force) {
+  const std::filesystem::path path = PathOf(out);
+  if (out == "-" || !std::filesystem::exists(path)) return;
+  if (BeginsWith(path, "SQLite format 3")) throw UsageError("--out " + out + ": it is a store");
+  if (force || BeginsWith(path, "<!doctype html>")) return;
+  throw UsageError("--out " + out + ": it is there and no page; --force writes it over");
 }
 
 class ReportCommand final : public Command {
@@ -94,7 +102,7 @@ Report ReportCommand::Make() const {
   Report report;
   database->Read([&] {
     report = MakeReport(*database, options, [&](std::size_t done, std::size_t all) {
-      screen.DrawBar(fmt::format("{} of {} instruments", done, all));
+      if (screen.IsTerminal()) screen.DrawBar(fmt::format("instrument {} of {}", done + 1, all));
     });
   });
   screen.TakeBarAway();
@@ -112,10 +120,7 @@ void ReportCommand::Write(const Report& report) const {
 }
 
 int ReportCommand::Run() {
-  const std::filesystem::path path = PathOf(out_);
-  if (out_ != "-" && !force_ && std::filesystem::exists(path) && !IsPage(path)) {
-    throw UsageError("--out " + out_ + ": it is there and no page; --force writes it over");
-  }
+  RequireFree(out_, force_);
   const Report report = Make();
   Write(report);
   const double size = static_cast<double>(report.page.size()) / kMegabyte;

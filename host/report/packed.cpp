@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <new>
+#include <string_view>
 
 namespace host {
 namespace {
@@ -59,14 +60,14 @@ class Deflater {
   std::string packed_;
 };
 
-}  // namespace
-
 std::string Base64(std::string_view bytes) {
   std::string text;
   text.reserve((bytes.size() + 2) / 3 * 4);
   for (std::size_t i = 0; i < bytes.size(); i += 3) AppendGroup(text, bytes.substr(i, 3));
   return text;
 }
+
+}  // namespace
 
 std::string Packed(const std::vector<std::string>& pieces) {
   Deflater deflater;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace host {
@@ -10,7 +9,5 @@ namespace host {
 // One behind the other, compressed ("raw deflate", RFC 1951), in base64. Each piece is compressed
 // for itself, as fits its bytes.
 std::string Packed(const std::vector<std::string>& pieces);
-
-std::string Base64(std::string_view bytes);
 
 }  // namespace host

@@ -37,6 +37,20 @@ refused "no database" "cannot open noise.db: file is not a database" --db noise.
 
 refused "no folder" "cannot open none/a.db: unable to open database file" --db none/a.db
 
+# A page never goes over a store, not even by force, and over another file by force only.
+echo text >other.txt
+for file in good.db other.txt; do
+  cp "$file" kept
+  for force in '' --force; do
+    [ "$file$force" != other.txt--force ] || continue
+    code=0
+    "${irvela[@]}" report --db good.db --out "$file" $force 2>log || code=$?
+    [ "$code" = 2 ] && cmp "$file" kept || { echo "written over: $file" >&2; exit 1; }
+  done
+done
+"${irvela[@]}" report --db good.db --out other.txt --force 2>log
+[ "$(wc -l <log)" = 1 ] && grep -q '^irvela: 1 instrument in other.txt' log || { cat log >&2; exit 1; }
+
 cp good.db newer.db
 sqlite3 newer.db 'UPDATE store_version SET version = 1000'
 refused "a newer store" "newer.db is a store of version 1000" --db newer.db
